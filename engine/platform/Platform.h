@@ -1,0 +1,49 @@
+#pragma once
+
+// The few operating-system services the engine needs, behind one interface so
+// that nothing above this folder includes a system header for time, sleep,
+// directories or signals. This file is the POSIX side; the engine was designed
+// around the Windows calls of the same names, which explains their shape.
+
+#include <cstddef>
+
+namespace ot {
+namespace platform {
+
+// The wall clock in UTC, broken down as the engine's clock reads it. Year and
+// month are left out on purpose: the clock never looks at them.
+struct SystemTime {
+  unsigned short wDay = 0;  // day of the month, 1 to 31
+  unsigned short wHour = 0;
+  unsigned short wMinute = 0;
+  unsigned short wSecond = 0;
+  unsigned short wMilliseconds = 0;
+};
+
+// The present UTC time, to the millisecond.
+SystemTime getSystemTime();
+
+// Suspends the calling thread for about this many milliseconds; 0 returns at once.
+void sleepMilliseconds(long milliseconds);
+
+// Returned by timeBeginPeriod and timeEndPeriod when a resolution can't be set.
+constexpr unsigned int TIMERR_NOCANDO = 97;
+
+// Asks for a timer resolution of this many milliseconds. Always 0 here: POSIX
+// sleeps already have sub-millisecond resolution.
+unsigned int timeBeginPeriod(unsigned int period);
+unsigned int timeEndPeriod(unsigned int period);
+
+// Copies the working directory into buffer; false when it doesn't fit or fails.
+bool getWorkingDirectory(char* buffer, std::size_t size);
+
+// Makes SIGINT and SIGTERM only note that a stop was asked for, so the game
+// loop can end cleanly instead of the process dying mid-frame.
+void installStopSignals();
+// Puts the default handlers back.
+void removeStopSignals();
+// True once SIGINT or SIGTERM has arrived since installStopSignals.
+bool stopSignalled();
+
+}  // namespace platform
+}  // namespace ot

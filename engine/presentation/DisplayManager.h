@@ -1,0 +1,89 @@
+#pragma once
+
+#include <SFML/Graphics.hpp>
+#include <string>
+
+#include "engine/core/Manager.h"
+#include "engine/core/Types.h"
+#include "engine/core/Vector.h"
+
+namespace ot {
+
+enum Justification {
+  LEFT_JUSTIFIED = 0,
+  CENTER_JUSTIFIED,
+  RIGHT_JUSTIFIED,
+};
+
+// Owns the window and turns the character-cell world into pixels. A cell is
+// the window divided by the cell counts, so its sides need not be equal or
+// whole. Each character is drawn as a background rectangle (which wipes what
+// lay below) and one glyph, through two SFML objects made once. With headless
+// set there is no window: drawing returns -1 and the geometry still answers.
+class DisplayManager : public Manager {
+ public:
+  static DisplayManager& getInstance();
+
+  ~DisplayManager() override;
+  // Opens the window and font from the configuration; -1 on failure.
+  int startUp() override;
+  void shutDown() override;
+
+  // Draws one character at a world position; -1 when headless or not started.
+  int drawCh(Vector world_pos, char ch, Color color, float rotation = 0.0f) const;
+  int drawCh(Vector world_pos, char ch, unsigned char r, unsigned char g, unsigned char b,
+             float rotation = 0.0f) const;
+  // Draws a string one cell a character, justified about world_pos.
+  int drawString(Vector world_pos, std::string str, Justification just, Color color) const;
+  // Shows what was drawn and clears for the next frame, shaking if asked.
+  int swapBuffers();
+  // False when headless.
+  bool setBackgroundColor(Color color);
+  void setHorizontalChars(int chars);
+  void setVerticalChars(int chars);
+  // Shakes the characters for duration frames; additive adds to a running shake.
+  void shake(int severity_x, int severity_y, int duration, bool additive = false);
+
+  int getHorizontalChars() const { return m_window_horizontal_chars; }
+  int getVerticalChars() const { return m_window_vertical_chars; }
+  int getHorizontalPixels() const { return m_window_horizontal_pixels; }
+  int getVerticalPixels() const { return m_window_vertical_pixels; }
+  // Null when headless or not started.
+  sf::RenderWindow* getWindow() const { return m_p_window; }
+  int getShakeOffsetX() const { return m_shake_offset_x; }
+  int getShakeOffsetY() const { return m_shake_offset_y; }
+  int getShakeDuration() const { return m_shake_duration; }
+
+ private:
+  DisplayManager();
+
+  void makeRectangle();
+
+  sf::Font m_font;
+  sf::RenderWindow* m_p_window = nullptr;
+  int m_window_horizontal_pixels = 0;
+  int m_window_vertical_pixels = 0;
+  int m_window_horizontal_chars = 0;
+  int m_window_vertical_chars = 0;
+  sf::RectangleShape* m_p_rectangle = nullptr;  // the cell background
+  sf::Color m_window_background_color = sf::Color(0, 0, 0, 255);
+  sf::Text* m_p_text = nullptr;  // the cell's character
+  int m_shake_duration = 0;      // frames left
+  int m_shake_severity_x = 0;    // pixels
+  int m_shake_severity_y = 0;
+  int m_shake_offset_x = 0;
+  int m_shake_offset_y = 0;
+};
+
+// Size of one cell in pixels.
+float charHeight();
+float charWidth();
+Vector spacesToPixels(Vector spaces);
+Vector pixelsToSpaces(Vector pixels);
+// Opaque SFML colour of a named colour; white for CUSTOM and unknown values.
+sf::Color colorToSFML(Color color);
+// The channels of a named colour; leaves them as they were for CUSTOM and
+// unknown values.
+void colorToRGB(Color color, unsigned char& r, unsigned char& g, unsigned char& b);
+
+}  // namespace ot

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "engine/core/Manager.h"
+#include "engine/presentation/Frame.h"
+
+namespace ot {
+
+class Sprite;
+
+constexpr int MAX_SPRITES = 1000;
+constexpr int MAX_SOUNDS = 100;
+constexpr int MAX_MUSICS = 50;
+
+// Holds every sprite under a label; the game loads them by file name at
+// start-up and asks for them by label. Sprite files come in two text formats,
+// told apart by the first line, and a bad file is refused with a trail of log
+// lines saying why and where. Owns the sprites; animations hold plain pointers
+// to them and aren't told when one is unloaded.
+class ResourceManager : public Manager {
+ public:
+  static ResourceManager& getInstance();
+
+  ~ResourceManager() override;
+  int startUp() override;
+  // Deletes every sprite.
+  void shutDown() override;
+
+  // Loads a sprite file under a label; -1 (with the reason in the log) when
+  // the file can't be read or is malformed.
+  int loadSprite(std::string filename, std::string label);
+  // -1 when no sprite has the label.
+  int unloadSprite(std::string label);
+  // The first sprite with the label, or null.
+  Sprite* getSprite(std::string label) const;
+
+  // The two formats' readers; a new sprite the caller owns, or null.
+  Sprite* loadSimpleSprite(std::ifstream& file);
+  Sprite* loadRobustSprite(std::ifstream& file);
+
+ private:
+  ResourceManager();
+
+  Sprite* m_sprite[MAX_SPRITES] = {};  // owned; the first m_sprite_count in use
+  int m_sprite_count = 0;
+};
+
+// The sprite readers' helpers, with the file-wide line count they share.
+std::string getLine(std::ifstream& file, bool count);
+std::vector<std::string> readData(std::ifstream& file, std::string tag);
+int matchLineInt(std::vector<std::string>& data, const char* token);
+std::string matchLineStr(std::vector<std::string>& data, const char* token);
+Frame readFrame(std::vector<std::string>& data, int width, int height, int line_no);
+
+}  // namespace ot

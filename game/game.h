@@ -1,0 +1,5 @@
+#pragma once
+
+// Everything of the dungeon game, for main and the tests.
+
+#include "game/Setup.h"
