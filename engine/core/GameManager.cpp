@@ -49,6 +49,8 @@ int GameManager::startUp() {
     log.writeLog("%s::startup(): Warning! %s already started.", getType().c_str(), getType().c_str());
     return -1;
   }
+  // From here on a SIGINT or SIGTERM ends the run cleanly instead of the process.
+  platform::installStopSignals();
   Config& config = Config::getInstance();
   config.loadConfig("");
 
@@ -129,7 +131,6 @@ int GameManager::startUp() {
 
   if (platform::timeBeginPeriod(1) == platform::TIMERR_NOCANDO)
     log.writeLog(1, "GameManager()::startUp(): Warning!  timeBeginPeriod() cannot accept 1 msec.");
-  platform::installStopSignals();
 
   setGameOver(false);
   Manager::startUp();

@@ -120,6 +120,11 @@ void LogManager::setLogLevel(int log_level) {
   if (log_level >= 2) writeLog("LogManager::setLogLevel(): log level %d", log_level);
 }
 
+void LogManager::setFlush(bool do_flush) {
+  m_do_flush = do_flush;
+  if (do_flush) flush();
+}
+
 void LogManager::flush() {
   if (m_p_f) fflush(m_p_f);
 }

@@ -39,7 +39,9 @@ class LogManager : public Manager {
   int writeMyLog(std::string file_name, int log_level, const char* fmt, ...) OT_PRINTF_FORMAT(4, 5);
   int writeMyLog(std::string file_name, const char* fmt, ...) OT_PRINTF_FORMAT(3, 4);
 
-  void setFlush(bool do_flush) { m_do_flush = do_flush; }
+  // With flushing on, each line is in the file when the call returns; what
+  // was written before is flushed at once.
+  void setFlush(bool do_flush);
   // Levels of 2 and more announce themselves in the log.
   void setLogLevel(int log_level);
   int getLogLevel() const { return m_log_level; }

@@ -37,6 +37,10 @@ unsigned int timeEndPeriod(unsigned int period);
 // Copies the working directory into buffer; false when it doesn't fit or fails.
 bool getWorkingDirectory(char* buffer, std::size_t size);
 
+// Whether a graphical display can be reached; opening a window without one
+// would end the process inside the windowing library.
+bool displayAvailable();
+
 // Makes SIGINT and SIGTERM only note that a stop was asked for, so the game
 // loop can end cleanly instead of the process dying mid-frame.
 void installStopSignals();

@@ -1,6 +1,7 @@
 #include "engine/platform/Platform.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <ctime>
 #include <sys/time.h>
 #include <unistd.h>
@@ -46,6 +47,11 @@ unsigned int timeEndPeriod(unsigned int) { return 0; }
 
 bool getWorkingDirectory(char* buffer, std::size_t size) {
   return getcwd(buffer, size) != nullptr;
+}
+
+bool displayAvailable() {
+  const char* p_display = getenv("DISPLAY");
+  return p_display && *p_display;
 }
 
 void installStopSignals() {

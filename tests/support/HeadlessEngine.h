@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/LogReader.h"
+
 namespace ot_test {
 
 // Starts the whole engine headless, logging to this process's test log at

@@ -1,0 +1,94 @@
+#include "engine/presentation/Shape.h"
+
+#include <SFML/Graphics.hpp>
+#include <algorithm>
+#include <cstdio>
+
+#include "engine/core/Config.h"
+#include "engine/core/LogManager.h"
+#include "engine/core/Utility.h"
+#include "engine/presentation/DisplayManager.h"
+#include "engine/world/Geometry.h"
+
+namespace ot {
+
+Shape::Shape()
+    : m_size(static_cast<float>(static_cast<int>(std::min(charWidth(), charHeight()))) *
+             Config::getInstance().getFontScale()) {}
+
+void Shape::setColor(unsigned char r, unsigned char g, unsigned char b) {
+  m_r = r;
+  m_g = g;
+  m_b = b;
+  m_color = CUSTOM;
+}
+
+void Shape::setType(int type) {
+  if (type < SHAPE_UNDEFINED || type > SHAPE_TRIANGLE) {
+    LogManager::getInstance().writeLog("Shape::setType(): Unknown shape type %d. Ignoring.", type);
+    return;
+  }
+  m_type = static_cast<ShapeType>(type);
+}
+
+bool Shape::operator==(const Shape& other) const {
+  if (m_color != other.m_color || m_type != other.m_type || m_size != other.m_size) return false;
+  if (m_color != CUSTOM) return true;
+  return m_r == other.m_r && m_g == other.m_g && m_b == other.m_b;
+}
+
+bool Shape::operator!=(const Shape& other) const { return !(*this == other); }
+
+void Shape::draw(Vector world_position) {
+  sf::RenderWindow* p_window = DisplayManager::getInstance().getWindow();
+  if (!p_window) {
+    LogManager::getInstance().writeLog(5, "Shape::draw(): DisplayManager window not defined.");
+    return;
+  }
+  Vector pixels = spacesToPixels(worldToView(world_position));
+  float px = pixels.getX(), py = pixels.getY();
+
+  // One figure serves every shape, so that drawing allocates nothing. Its
+  // rotation, once a square has set it, stays for all later shapes.
+  static sf::CircleShape figure(0, 30);
+  if (m_color != CUSTOM) colorToRGB(m_color, m_r, m_g, m_b);
+  figure.setFillColor(sf::Color(m_r, m_g, m_b, m_opacity));
+  switch (m_type) {
+    case SHAPE_CIRCLE: {
+      float points = std::min(std::max(m_size, 3.0f), 10.0f);
+      figure.setPointCount(static_cast<size_t>(points));
+      figure.setRadius(m_size);
+      figure.setPosition(px - m_size / 2.0f, py - m_size / 2.0f);
+      break;
+    }
+    case SHAPE_SQUARE:
+      figure.setPointCount(4);
+      figure.setRadius(m_size / 2.0f);
+      figure.setRadius(m_size / Config::getInstance().getFontScale());
+      figure.setRotation(45);
+      figure.setPosition(px + m_size / 2.0f, py - m_size / 1.75f);
+      break;
+    case SHAPE_TRIANGLE:
+      figure.setPointCount(3);
+      figure.setRadius(m_size / 2.0f);
+      figure.setPosition(px - m_size / 2.0f, py - m_size / 2.0f);
+      break;
+    default:
+      return;
+  }
+  LogManager::getInstance().writeLog(25, "Shape::draw(): Drawing at (%.2f, %.2f)", px, py);
+  p_window->draw(figure, sf::RenderStates::Default);
+}
+
+std::string Shape::toString() const {
+  const char* type = "undefined";
+  if (m_type == SHAPE_CIRCLE) type = "circle";
+  if (m_type == SHAPE_SQUARE) type = "square";
+  if (m_type == SHAPE_TRIANGLE) type = "triangle";
+  char size[64];
+  snprintf(size, sizeof(size), "%f", m_size);
+  return std::string(type) + ", size " + size + ", " + ot::toString(m_color) + ", " +
+         ot::toString(static_cast<int>(m_opacity));
+}
+
+}  // namespace ot

@@ -1,0 +1,74 @@
+#include "engine/presentation/Sound.h"
+
+#include <new>
+
+#include "engine/core/LogManager.h"
+
+namespace ot {
+
+Sound::Sound(const Sound& other) : m_sound_buffer(other.m_sound_buffer), m_label(other.m_label) {
+  if (other.m_p_sound) {
+    m_p_sound = new (std::nothrow) sf::Sound(*other.m_p_sound);
+    if (m_p_sound) m_p_sound->setBuffer(m_sound_buffer);
+  }
+}
+
+Sound& Sound::operator=(const Sound& other) {
+  if (this == &other) return *this;
+  // Assigning the buffer detaches the players that used the old one, so the
+  // player is bound again afterwards.
+  m_sound_buffer = other.m_sound_buffer;
+  m_label = other.m_label;
+  if (!other.m_p_sound) {
+    delete m_p_sound;
+    m_p_sound = nullptr;
+    return *this;
+  }
+  if (m_p_sound)
+    *m_p_sound = *other.m_p_sound;  // takes the other's volume, pitch and the like
+  else
+    m_p_sound = new (std::nothrow) sf::Sound(*other.m_p_sound);
+  if (m_p_sound) m_p_sound->setBuffer(m_sound_buffer);
+  return *this;
+}
+
+Sound::~Sound() {
+  // The player goes before the buffer it plays.
+  delete m_p_sound;
+}
+
+int Sound::loadSound(std::string filename) {
+  if (!m_sound_buffer.loadFromFile(filename)) return -1;
+  if (m_p_sound) {
+    m_p_sound->setBuffer(m_sound_buffer);
+    return 0;
+  }
+  m_p_sound = new (std::nothrow) sf::Sound(m_sound_buffer);
+  if (!m_p_sound) {
+    LogManager::getInstance().writeLog("Sound::loadSound(): Error! Cannot allocate m_p_sound.");
+    return -1;
+  }
+  return 0;
+}
+
+void Sound::play(bool loop) {
+  LogManager::getInstance().writeLog(5, "Sound::play(): Playing sound.");
+  if (!m_p_sound) return;
+  m_p_sound->play();
+  m_p_sound->setLoop(loop);
+}
+
+void Sound::pause() {
+  if (m_p_sound) m_p_sound->pause();
+}
+
+void Sound::stop() {
+  if (m_p_sound) m_p_sound->stop();
+}
+
+sf::Sound Sound::getSound() const {
+  if (!m_p_sound) return sf::Sound();
+  return *m_p_sound;
+}
+
+}  // namespace ot

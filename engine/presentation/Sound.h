@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+
+#include <SFML/Audio/Sound.hpp>
+#include <SFML/Audio/SoundBuffer.hpp>
+
+namespace ot {
+
+// A sound effect held wholly in memory under a label, kept by value in the
+// ResourceManager's table. Owns its player, which exists only once a buffer
+// has been loaded. A copy gets its own buffer and a player bound to it, so
+// entries can be moved down the table by assignment.
+class Sound {
+ public:
+  Sound() = default;
+  Sound(const Sound& other);
+  Sound& operator=(const Sound& other);
+  ~Sound();
+
+  // Reads the file into the buffer; -1 when SFML can't read it.
+  int loadSound(std::string filename);
+  std::string getLabel() const { return m_label; }
+  void setLabel(std::string label) { m_label = std::move(label); }
+
+  // Starts the sound, repeating it when loop is set; nothing but the log line
+  // when no sound is loaded.
+  void play(bool loop = false);
+  void pause();
+  void stop();
+  // A copy of the player; a player with no buffer when nothing is loaded.
+  sf::Sound getSound() const;
+
+ private:
+  sf::Sound* m_p_sound = nullptr;  // owned; plays m_sound_buffer
+  sf::SoundBuffer m_sound_buffer;
+  std::string m_label = "[Undefined]";
+};
+
+}  // namespace ot
