@@ -17,6 +17,7 @@ namespace {
 // Starts the game with a headless config and the given log file; its pid.
 pid_t startGame(const std::string& log_path, const std::string& config) {
   std::string config_path = ot_test::writeTempFile("game-config.txt", config);
+  unlink(log_path.c_str());  // a banner left by an earlier run must not count
   pid_t pid = fork();
   if (pid == 0) {
     setenv("OSTREL_CONFIG", config_path.c_str(), 1);
