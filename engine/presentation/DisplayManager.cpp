@@ -11,6 +11,18 @@
 
 namespace ot {
 
+namespace {
+
+// One of s + 1, s - 1, ... down to -s + 1: lopsided by one step towards the
+// positive side, and kept so. A negative severity (which shake() reports)
+// shakes nothing and draws no number.
+int shakeOffset(int severity) {
+  if (severity < 0) return 0;
+  return (severity + 1) - (rand() % (severity + 1)) * 2;
+}
+
+}  // namespace
+
 DisplayManager::DisplayManager() { setType("DisplayManager"); }
 
 DisplayManager& DisplayManager::getInstance() {
@@ -36,6 +48,7 @@ int DisplayManager::startUp() {
   m_window_vertical_pixels = config.getWindowVerticalPixels();
   m_window_horizontal_chars = config.getWindowHorizontalChars();
   m_window_vertical_chars = config.getWindowVerticalChars();
+  // A shake left from an earlier run of the engine in this process ends here.
   m_shake_duration = m_shake_severity_x = m_shake_severity_y = 0;
   m_shake_offset_x = m_shake_offset_y = 0;
 
@@ -52,7 +65,8 @@ int DisplayManager::startUp() {
     return -1;
   }
   sf::VideoMode desktop = sf::VideoMode::getDesktopMode();
-  log.writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.", desktop.width, desktop.height);
+  log.writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.", static_cast<int>(desktop.width),
+               static_cast<int>(desktop.height));
   if (m_window_horizontal_pixels == 0) m_window_horizontal_pixels = static_cast<int>(desktop.width);
   if (m_window_vertical_pixels == 0) m_window_vertical_pixels = static_cast<int>(desktop.height);
 
@@ -70,25 +84,28 @@ int DisplayManager::startUp() {
   m_p_window->setMouseCursorVisible(config.getShowMouse());
   m_p_window->setVerticalSyncEnabled(true);
 
+  // Each failure below closes the window again: a failed start leaves nothing open.
   if (!m_font.loadFromFile(config.getFontFile())) {
     log.writeLog("DisplayManager::startUp(): Error! Unable to open font from file '%s'.",
                  config.getFontFile().c_str());
+    release();
     return -1;
   }
   m_p_rectangle = new (std::nothrow) sf::RectangleShape(sf::Vector2f(charWidth(), charHeight()));
   if (!m_p_rectangle) {
     log.writeLog("DisplayManager::startUp(): Error! Unable to allocate rectangle.");
+    release();
     return -1;
   }
   m_p_text = new (std::nothrow) sf::Text("", m_font, 30);
   if (!m_p_text) {
     log.writeLog("DisplayManager::startUp(): Error! Unable to allocate text.");
+    release();
     return -1;
   }
   m_p_text->setFont(m_font);
   m_p_text->setStyle(sf::Text::Bold);
-  float cell = std::min(charHeight(), charWidth());
-  m_p_text->setCharacterSize(static_cast<unsigned int>(cell * config.getFontScale()));
+  m_p_text->setCharacterSize(cellFontSize());
   setBackgroundColor(config.getWindowBackgroundColor());
 
   Manager::startUp();
@@ -97,15 +114,7 @@ int DisplayManager::startUp() {
 }
 
 void DisplayManager::shutDown() {
-  if (m_p_window) {
-    m_p_window->close();
-    delete m_p_window;
-    m_p_window = nullptr;
-  }
-  delete m_p_text;
-  m_p_text = nullptr;
-  delete m_p_rectangle;
-  m_p_rectangle = nullptr;
+  release();
   Manager::shutDown();
   LogManager::getInstance().writeLog(5, "DisplayManager::shutDown(): successfully stopped.");
 }
@@ -170,9 +179,8 @@ int DisplayManager::swapBuffers() {
     m_shake_offset_x = 0;
     m_shake_offset_y = 0;
   } else {
-    // Lopsided by one step towards the positive side, and kept so.
-    m_shake_offset_x = (m_shake_severity_x + 1) - (rand() % (m_shake_severity_x + 1)) * 2;
-    m_shake_offset_y = (m_shake_severity_y + 1) - (rand() % (m_shake_severity_y + 1)) * 2;
+    m_shake_offset_x = shakeOffset(m_shake_severity_x);
+    m_shake_offset_y = shakeOffset(m_shake_severity_y);
     m_shake_duration = std::max(m_shake_duration - 1, 0);
   }
   return 0;
@@ -183,6 +191,18 @@ bool DisplayManager::setBackgroundColor(Color color) {
   m_window_background_color = colorToSFML(color);
   if (m_p_rectangle) m_p_rectangle->setFillColor(m_window_background_color);
   return true;
+}
+
+void DisplayManager::release() {
+  if (m_p_window) {
+    m_p_window->close();
+    delete m_p_window;
+    m_p_window = nullptr;
+  }
+  delete m_p_text;
+  m_p_text = nullptr;
+  delete m_p_rectangle;
+  m_p_rectangle = nullptr;
 }
 
 void DisplayManager::makeRectangle() {
@@ -211,6 +231,20 @@ void DisplayManager::shake(int severity_x, int severity_y, int duration, bool ad
     m_shake_severity_y = severity_y;
     m_shake_duration = duration;
   }
+  if (m_shake_severity_x < 0 || m_shake_severity_y < 0) {
+    LogManager::getInstance().writeLog(
+        "DisplayManager::shake(): Warning! negative severity (%d, %d); that axis won't shake.",
+        m_shake_severity_x, m_shake_severity_y);
+  }
+}
+
+unsigned int DisplayManager::cellFontSize() const {
+  // When the sides are equal the height is the one taken; the value is the same.
+  float cell = std::min(charHeight(), charWidth());
+  float size = cell * Config::getInstance().getFontScale();
+  // A cell count of 0 makes the side infinite or not a number: no size to cut.
+  if (!(size >= 0.0f && size < 65536.0f)) return 0;
+  return static_cast<unsigned int>(size);
 }
 
 float charHeight() {

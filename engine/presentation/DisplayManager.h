@@ -20,6 +20,10 @@ enum Justification {
 // whole. Each character is drawn as a background rectangle (which wipes what
 // lay below) and one glyph, through two SFML objects made once. With headless
 // set there is no window: drawing returns -1 and the geometry still answers.
+//
+//   DisplayManager& display = DisplayManager::getInstance();
+//   display.drawString(Vector(40, 12), "Game Over", CENTER_JUSTIFIED, RED);
+//   display.swapBuffers();  // once a frame, by the game loop
 class DisplayManager : public Manager {
  public:
   static DisplayManager& getInstance();
@@ -31,6 +35,7 @@ class DisplayManager : public Manager {
 
   // Draws one character at a world position; -1 when headless or not started.
   int drawCh(Vector world_pos, char ch, Color color, float rotation = 0.0f) const;
+  // The worker of the colour form, for any r, g, b.
   int drawCh(Vector world_pos, char ch, unsigned char r, unsigned char g, unsigned char b,
              float rotation = 0.0f) const;
   // Draws a string one cell a character, justified about world_pos.
@@ -41,8 +46,11 @@ class DisplayManager : public Manager {
   bool setBackgroundColor(Color color);
   void setHorizontalChars(int chars);
   void setVerticalChars(int chars);
-  // Shakes the characters for duration frames; additive adds to a running shake.
+  // Shakes the characters (not their backgrounds) for duration frames, from
+  // the next swapBuffers on; additive adds to a running shake.
   void shake(int severity_x, int severity_y, int duration, bool additive = false);
+  // The character size the text gets: the smaller cell side times font_scale.
+  unsigned int cellFontSize() const;
 
   int getHorizontalChars() const { return m_window_horizontal_chars; }
   int getVerticalChars() const { return m_window_vertical_chars; }
@@ -53,10 +61,14 @@ class DisplayManager : public Manager {
   int getShakeOffsetX() const { return m_shake_offset_x; }
   int getShakeOffsetY() const { return m_shake_offset_y; }
   int getShakeDuration() const { return m_shake_duration; }
+  int getShakeSeverityX() const { return m_shake_severity_x; }
+  int getShakeSeverityY() const { return m_shake_severity_y; }
 
  private:
   DisplayManager();
 
+  // Deletes the window, the text and the rectangle, in that order.
+  void release();
   void makeRectangle();
 
   sf::Font m_font;
@@ -78,6 +90,7 @@ class DisplayManager : public Manager {
 // Size of one cell in pixels.
 float charHeight();
 float charWidth();
+// Conversions between spaces and window pixels, each logged at level 30.
 Vector spacesToPixels(Vector spaces);
 Vector pixelsToSpaces(Vector pixels);
 // Opaque SFML colour of a named colour; white for CUSTOM and unknown values.

@@ -141,14 +141,14 @@ const Keyboard::Key POLLED[] = {
     Keyboard::BACKSPACE,
 };
 
-const KeyEntry* entryOf(sf::Keyboard::Key sfml) {
+const KeyEntry* entryOfSfml(sf::Keyboard::Key sfml) {
   for (const KeyEntry& entry : KEYS) {
     if (entry.sfml == sfml) return &entry;
   }
   return nullptr;
 }
 
-const KeyEntry* entryOf(int key) {
+const KeyEntry* entryOfCode(int key) {
   for (const KeyEntry& entry : KEYS) {
     if (entry.key == key) return &entry;
   }
@@ -156,7 +156,7 @@ const KeyEntry* entryOf(int key) {
 }
 
 std::string describe(sf::Keyboard::Key sfml) {
-  if (const KeyEntry* p_entry = entryOf(sfml)) return p_entry->name;
+  if (const KeyEntry* p_entry = entryOfSfml(sfml)) return p_entry->name;
   for (const auto& uncoded : UNCODED) {
     if (uncoded.sfml == sfml) return uncoded.name;
   }
@@ -280,7 +280,7 @@ void InputManager::getInput() {
     onEvent(&pressed);
   }
   for (Keyboard::Key key : POLLED) {
-    if (!sf::Keyboard::isKeyPressed(entryOf(key)->sfml)) continue;
+    if (!sf::Keyboard::isKeyPressed(entryOfCode(key)->sfml)) continue;
     EventKeyboard down;
     down.setKey(key);
     down.setKeyboardAction(KEY_DOWN);
@@ -297,7 +297,7 @@ EventKeyboard toEventKeyboard(const sf::Event& event) {
     return keyboard;
   }
   std::string description = describe(event.key.code);
-  const KeyEntry* p_entry = entryOf(event.key.code);
+  const KeyEntry* p_entry = entryOfSfml(event.key.code);
   if (p_entry) {
     keyboard.setKey(p_entry->key);
   } else {
@@ -312,7 +312,7 @@ EventKeyboard toEventKeyboard(const sf::Event& event) {
 std::string keyToString(int key) {
   // No SFML key gives the back quote, so it stands outside the table.
   if (key == Keyboard::BACKQUOTE) return "`";
-  const KeyEntry* p_entry = entryOf(key);
+  const KeyEntry* p_entry = entryOfCode(key);
   return p_entry ? p_entry->text : "";
 }
 

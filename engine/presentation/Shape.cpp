@@ -12,9 +12,20 @@
 
 namespace ot {
 
+namespace {
+
+// The smaller cell side in whole pixels; 0 before the display has a geometry,
+// when the sides are not numbers.
+int smallerCellSide() {
+  float side = std::min(charWidth(), charHeight());
+  if (!(side >= 0.0f && side < 1.0e6f)) return 0;
+  return static_cast<int>(side);
+}
+
+}  // namespace
+
 Shape::Shape()
-    : m_size(static_cast<float>(static_cast<int>(std::min(charWidth(), charHeight()))) *
-             Config::getInstance().getFontScale()) {}
+    : m_size(static_cast<float>(smallerCellSide()) * Config::getInstance().getFontScale()) {}
 
 void Shape::setColor(unsigned char r, unsigned char g, unsigned char b) {
   m_r = r;
@@ -39,6 +50,19 @@ bool Shape::operator==(const Shape& other) const {
 
 bool Shape::operator!=(const Shape& other) const { return !(*this == other); }
 
+int Shape::getPointCount() const {
+  switch (m_type) {
+    case SHAPE_CIRCLE:
+      // A few points are enough at a particle's size.
+      if (!(m_size >= 3.0f)) return 3;  // also for a size that is not a number
+      if (m_size > 10.0f) return 10;
+      return static_cast<int>(m_size);
+    case SHAPE_SQUARE: return 4;
+    case SHAPE_TRIANGLE: return 3;
+    default: return 0;
+  }
+}
+
 void Shape::draw(Vector world_position) {
   sf::RenderWindow* p_window = DisplayManager::getInstance().getWindow();
   if (!p_window) {
@@ -54,14 +78,14 @@ void Shape::draw(Vector world_position) {
   if (m_color != CUSTOM) colorToRGB(m_color, m_r, m_g, m_b);
   figure.setFillColor(sf::Color(m_r, m_g, m_b, m_opacity));
   switch (m_type) {
-    case SHAPE_CIRCLE: {
-      float points = std::min(std::max(m_size, 3.0f), 10.0f);
-      figure.setPointCount(static_cast<size_t>(points));
+    case SHAPE_CIRCLE:
+      // A radius of the size against an offset of half of it: kept as it is.
+      figure.setPointCount(static_cast<size_t>(getPointCount()));
       figure.setRadius(m_size);
       figure.setPosition(px - m_size / 2.0f, py - m_size / 2.0f);
       break;
-    }
     case SHAPE_SQUARE:
+      // The first radius is overwritten at once, and kept so.
       figure.setPointCount(4);
       figure.setRadius(m_size / 2.0f);
       figure.setRadius(m_size / Config::getInstance().getFontScale());

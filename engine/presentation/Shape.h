@@ -40,7 +40,11 @@ class Shape {
   bool operator==(const Shape& other) const;
   bool operator!=(const Shape& other) const;
 
-  // Draws at a world position; nothing without a window.
+  // Points of the figure drawn: a circle's size cut to a whole number and held
+  // between 3 and 10, 4 for a square, 3 for a triangle, 0 when undefined.
+  int getPointCount() const;
+  // Draws at a world position; nothing without a window. Stores the named
+  // colour's channels in r, g, b.
   void draw(Vector world_position);
 
   std::string toString() const;

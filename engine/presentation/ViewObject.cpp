@@ -21,6 +21,45 @@ ViewObject::ViewObject() {
   setModified(getModified() | VALUE | APPEARANCE);
 }
 
+int ViewObject::setPosition(Vector position) {
+  if (position == getPosition()) return 0;
+  m_location = -1;
+  int result = Object::setPosition(position);
+  setModified(getModified() | APPEARANCE);
+  return result;
+}
+
+int ViewObject::eventHandler(const Event* p_e) {
+  if (p_e->getType() != VIEW_EVENT) return Object::eventHandler(p_e);
+  // Checked: a plain Event could carry the label too.
+  auto* p_view_event = dynamic_cast<const EventView*>(p_e);
+  if (!p_view_event || p_view_event->getTag() != m_view_string) return 0;
+  if (p_view_event->getDelta())
+    setValue(m_value + p_view_event->getValue());
+  else
+    setValue(p_view_event->getValue());
+  return 1;
+}
+
+int ViewObject::draw() {
+  std::string text = m_view_string;
+  if (m_draw_value) text += " " + ot::toString(m_value);
+  if (m_border) text = " " + text + " ";
+  const DisplayManager& display = DisplayManager::getInstance();
+  Vector p = viewToWorld(getPosition());
+  int result = display.drawString(p, text, CENTER_JUSTIFIED, m_color);
+  if (!m_border) return result;
+  // The frame has no corners: lines as long as the text, bars just beyond.
+  int n = static_cast<int>(text.size());
+  std::string line(static_cast<size_t>(n), '-');
+  result += display.drawString(Vector(p.getX(), p.getY() - 1), line, CENTER_JUSTIFIED, m_color);
+  result += display.drawString(Vector(p.getX(), p.getY() + 1), line, CENTER_JUSTIFIED, m_color);
+  float left = p.getX() - static_cast<float>(n / 2) - 1;
+  result += display.drawCh(Vector(left, p.getY()), '|', m_color, 0);
+  result += display.drawCh(Vector(left + static_cast<float>(n) + 1, p.getY()), '|', m_color, 0);
+  return result;
+}
+
 void ViewObject::setLocation(int location) {
   if (location < TOP_LEFT || location > BOTTOM_RIGHT) {
     LogManager::getInstance().writeLog("ViewObject::setLocation(): Warning! Location out of range (%d). Ignored.",
@@ -49,14 +88,6 @@ void ViewObject::setLocation(int location) {
   setPosition(Vector(x, y));
   m_location = location;
   setModified(getModified() | APPEARANCE);
-}
-
-int ViewObject::setPosition(Vector position) {
-  if (position == getPosition()) return 0;
-  m_location = -1;
-  int result = Object::setPosition(position);
-  setModified(getModified() | APPEARANCE);
-  return result;
 }
 
 void ViewObject::setDrawValue(bool draw_value) {
@@ -95,38 +126,6 @@ void ViewObject::setViewString(std::string view_string) {
   setModified(getModified() | APPEARANCE);
 }
 
-int ViewObject::eventHandler(const Event* p_e) {
-  if (p_e->getType() != VIEW_EVENT) return Object::eventHandler(p_e);
-  const EventView* p_view_event = static_cast<const EventView*>(p_e);
-  if (p_view_event->getTag() != m_view_string) return 0;
-  if (p_view_event->getDelta())
-    setValue(m_value + p_view_event->getValue());
-  else
-    setValue(p_view_event->getValue());
-  return 1;
-}
-
-int ViewObject::draw() {
-  std::string text;
-  if (m_border)
-    text = m_draw_value ? " " + m_view_string + " " + ot::toString(m_value) + " " : " " + m_view_string + " ";
-  else
-    text = m_draw_value ? m_view_string + " " + ot::toString(m_value) : m_view_string;
-  const DisplayManager& display = DisplayManager::getInstance();
-  Vector p = viewToWorld(getPosition());
-  int result = display.drawString(p, text, CENTER_JUSTIFIED, m_color);
-  if (!m_border) return result;
-  // The frame has no corners: lines as long as the text, bars just beyond.
-  int n = static_cast<int>(text.size());
-  std::string line(static_cast<size_t>(n), '-');
-  result += display.drawString(Vector(p.getX(), p.getY() - 1), line, CENTER_JUSTIFIED, m_color);
-  result += display.drawString(Vector(p.getX(), p.getY() + 1), line, CENTER_JUSTIFIED, m_color);
-  float left = p.getX() - static_cast<float>(n / 2) - 1;
-  result += display.drawCh(Vector(left, p.getY()), '|', m_color, 0);
-  result += display.drawCh(Vector(left + static_cast<float>(n) + 1, p.getY()), '|', m_color, 0);
-  return result;
-}
-
 bool ViewObject::operator==(const ViewObject& other) const {
   return Object::operator==(other) && m_view_string == other.m_view_string && m_value == other.m_value &&
          m_draw_value == other.m_draw_value && m_border == other.m_border && m_color == other.m_color &&
@@ -134,9 +133,12 @@ bool ViewObject::operator==(const ViewObject& other) const {
 }
 
 std::string ViewObject::toString() const {
+  // Checked here since -1 is no Location; the text is the one toString gives too.
+  bool located = m_location >= TOP_LEFT && m_location <= BOTTOM_RIGHT;
+  std::string location = located ? ot::toString(static_cast<Location>(m_location)) : "unknown";
   return Object::toString() + ", " + m_view_string + ", " + ot::toString(m_value) + ", value " +
          ot::toString(m_draw_value) + ", border " + ot::toString(m_border) + ", " + ot::toString(m_color) + ", " +
-         ot::toString(static_cast<Location>(m_location));
+         location;
 }
 
 }  // namespace ot

@@ -20,7 +20,8 @@ namespace ot {
 //   WorldManager::getInstance().onEvent(&ev);  // adds 5
 class ViewObject : public Object {
  public:
-  // Modified bits of a view object's own attributes.
+  // Modified bits past Object's: the value alone, and every other view
+  // attribute (text, place, frame, colour) together.
   static constexpr unsigned int VALUE = 0x40000;
   static constexpr unsigned int APPEARANCE = 0x80000;
 
@@ -34,7 +35,8 @@ class ViewObject : public Object {
   // The text and its frame; the sum of the drawing results.
   int draw() override;
 
-  // One of the nine places; refuses anything but TOP_LEFT to BOTTOM_RIGHT.
+  // One of the nine places, computed from the view's present size; anything
+  // but TOP_LEFT to BOTTOM_RIGHT is refused with a warning.
   virtual void setLocation(int location);
   virtual void setDrawValue(bool draw_value = true);
   virtual void setValue(int value);

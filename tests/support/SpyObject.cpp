@@ -12,6 +12,8 @@ int SpyObject::eventHandler(const ot::Event* p_e) {
   received.push_back(p_e->getType());
   if (p_e->getType() == ot::STEP_EVENT)
     steps.push_back(static_cast<const ot::EventStep*>(p_e)->getStepCount());
+  // The base still does its part (taking a found path, dropping the search).
+  Object::eventHandler(p_e);
   if (on_event) on_event(*this, p_e);
   return result;
 }

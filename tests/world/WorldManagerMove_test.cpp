@@ -63,7 +63,12 @@ INSTANTIATE_TEST_SUITE_P(
                       Outcome{ot::SOFT, true, ot::SPECTRAL, false, true},
                       Outcome{ot::SPECTRAL, false, ot::HARD, false, true},
                       Outcome{ot::SPECTRAL, false, ot::SOFT, false, true},
-                      Outcome{ot::SPECTRAL, true, ot::SOFT, false, true}));
+                      Outcome{ot::SPECTRAL, true, ot::SOFT, false, true}),
+    [](const ::testing::TestParamInfo<Outcome>& info) {
+      const char* kinds[] = {"Hard", "Soft", "Spectral"};
+      return std::string(kinds[info.param.mover]) + (info.param.no_soft ? "NoSoft" : "") + "Onto" +
+             kinds[info.param.other];
+    });
 
 TEST_F(Moving, MoverHearsFirstAndEveryColliderHearsEvenAfterABlock) {
   SpyObject* p_mover = spyAt(Vector(10, 10), ot::HARD, "Mover");

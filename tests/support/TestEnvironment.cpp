@@ -1,0 +1,18 @@
+// Defaults of the test environment, set before any test runs, so that the
+// test binaries behave the same under ctest and when started by hand. A value
+// already in the environment stays.
+
+#include <cstdlib>
+
+namespace {
+
+const bool g_environment_set = [] {
+  setenv("OSTREL_SOURCE_DIR", OSTREL_SOURCE_DIR, 0);
+  setenv("OSTREL_CONFIG", OSTREL_SOURCE_DIR "/tests/support/headless-config.txt", 0);
+  // A silent audio device: the resource tables hold audio objects, and
+  // machines without sound would otherwise print an error for each.
+  setenv("ALSOFT_DRIVERS", "null", 0);
+  return true;
+}();
+
+}  // namespace
