@@ -37,6 +37,12 @@ struct Outcome {
 
 class MoveOutcomes : public Moving, public ::testing::WithParamInterface<Outcome> {};
 
+std::string outcomeName(const ::testing::TestParamInfo<Outcome>& param_info) {
+  static const char* const kinds[] = {"Hard", "Soft", "Spectral"};
+  const Outcome& o = param_info.param;
+  return std::string(kinds[o.mover]) + (o.no_soft ? "NoSoft" : "") + "Onto" + kinds[o.other];
+}
+
 }  // namespace
 
 TEST_P(MoveOutcomes, FollowTheTableOfKinds) {
@@ -64,11 +70,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Outcome{ot::SPECTRAL, false, ot::HARD, false, true},
                       Outcome{ot::SPECTRAL, false, ot::SOFT, false, true},
                       Outcome{ot::SPECTRAL, true, ot::SOFT, false, true}),
-    [](const ::testing::TestParamInfo<Outcome>& info) {
-      const char* kinds[] = {"Hard", "Soft", "Spectral"};
-      return std::string(kinds[info.param.mover]) + (info.param.no_soft ? "NoSoft" : "") + "Onto" +
-             kinds[info.param.other];
-    });
+    outcomeName);
 
 TEST_F(Moving, MoverHearsFirstAndEveryColliderHearsEvenAfterABlock) {
   SpyObject* p_mover = spyAt(Vector(10, 10), ot::HARD, "Mover");
