@@ -18,6 +18,7 @@
 #include "engine/effects/Particles.h"
 #include "engine/world/Object.h"
 #include "engine/world/WorldManager.h"
+#include "bench/support/RatioReporter.h"
 
 namespace {
 
@@ -85,23 +86,6 @@ void BM_PlainObjectsLife(benchmark::State& state) {
 }
 BENCHMARK(BM_PlainObjectsLife)->Unit(benchmark::kMillisecond);
 
-// The console report, remembering each benchmark's seconds per iteration.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs)
-      m_time[run.benchmark_name()] = run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
-    ConsoleReporter::ReportRuns(runs);
-  }
-  double seconds(const std::string& name) const {
-    auto found = m_time.find(name);
-    return found == m_time.end() ? 0 : found->second;
-  }
-
- private:
-  std::map<std::string, double> m_time;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -117,7 +101,7 @@ int main(int argc, char** argv) {
   srand(1);
 
   benchmark::Initialize(&argc, argv);
-  RatioReporter reporter;
+  ot_bench::RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   double made = reporter.seconds("BM_BurstMade");
   double life = reporter.seconds("BM_BurstLife");

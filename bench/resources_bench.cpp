@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "engine/presentation/ResourceManager.h"
+#include "bench/support/RatioReporter.h"
 
 namespace {
 
@@ -68,23 +69,6 @@ void BM_LoadRobustSprites(benchmark::State& state) { loadAll(state, robust_paths
 BENCHMARK(BM_LoadSimpleSprites)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LoadRobustSprites)->Unit(benchmark::kMillisecond);
 
-// The console report, remembering each benchmark's seconds per iteration.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs)
-      m_time[run.benchmark_name()] = run.GetAdjustedRealTime() / benchmark::GetTimeUnitMultiplier(run.time_unit);
-    ConsoleReporter::ReportRuns(runs);
-  }
-  double seconds(const std::string& name) const {
-    auto found = m_time.find(name);
-    return found == m_time.end() ? 0 : found->second;
-  }
-
- private:
-  std::map<std::string, double> m_time;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -94,7 +78,7 @@ int main(int argc, char** argv) {
   ot::ResourceManager::getInstance().startUp();
 
   benchmark::Initialize(&argc, argv);
-  RatioReporter reporter;
+  ot_bench::RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   double simple = reporter.seconds("BM_LoadSimpleSprites");
   double robust = reporter.seconds("BM_LoadRobustSprites");
