@@ -186,6 +186,20 @@ int DisplayManager::swapBuffers() {
   return 0;
 }
 
+int DisplayManager::saveScreenshot(std::string filename) const {
+  if (!m_p_window) return -1;
+  // The back buffer, not the shown frame: this is what the next swap shows.
+  sf::Texture texture;
+  if (!texture.create(m_p_window->getSize().x, m_p_window->getSize().y)) return -1;
+  texture.update(*m_p_window);
+  if (!texture.copyToImage().saveToFile(filename)) {
+    LogManager::getInstance().writeLog("DisplayManager::saveScreenshot(): Error! Unable to write '%s'.",
+                                       filename.c_str());
+    return -1;
+  }
+  return 0;
+}
+
 bool DisplayManager::setBackgroundColor(Color color) {
   if (Config::getInstance().getHeadless()) return false;
   m_window_background_color = colorToSFML(color);

@@ -56,6 +56,9 @@ class DisplayManager : public Manager {
   int getVerticalChars() const { return m_window_vertical_chars; }
   int getHorizontalPixels() const { return m_window_horizontal_pixels; }
   int getVerticalPixels() const { return m_window_vertical_pixels; }
+  // Saves what has been drawn since the last swap as an image file (its
+  // format by the name's ending); -1 without a window or when it can't be written.
+  int saveScreenshot(std::string filename) const;
   // Null when headless or not started.
   sf::RenderWindow* getWindow() const { return m_p_window; }
   int getShakeOffsetX() const { return m_shake_offset_x; }
