@@ -37,11 +37,14 @@ struct Outcome {
 
 class MoveOutcomes : public Moving, public ::testing::WithParamInterface<Outcome> {};
 
-std::string outcomeName(const ::testing::TestParamInfo<Outcome>& param_info) {
+std::string describe(const Outcome& o) {
   static const char* const kinds[] = {"Hard", "Soft", "Spectral"};
-  const Outcome& o = param_info.param;
   return std::string(kinds[o.mover]) + (o.no_soft ? "NoSoft" : "") + "Onto" + kinds[o.other];
 }
+
+std::string outcomeName(const ::testing::TestParamInfo<Outcome>& param_info) { return describe(param_info.param); }
+
+void PrintTo(const Outcome& o, std::ostream* p_out) { *p_out << describe(o); }
 
 }  // namespace
 
