@@ -12,10 +12,9 @@
 #include <SFML/Graphics.hpp>
 #include <cstdio>
 #include <fstream>
-#include <map>
 #include <string>
-#include <vector>
 
+#include "bench/support/RatioReporter.h"
 #include "engine/core/Config.h"
 #include "engine/core/GameManager.h"
 #include "engine/presentation/DisplayManager.h"
@@ -103,24 +102,6 @@ BENCHMARK(BM_EmptyFrame)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_DrawChScreen)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_BatchedScreen)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// Keeps each benchmark's real time per frame, for the ratio printed at the end.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration) m_ms[run.benchmark_name()] = run.GetAdjustedRealTime();
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-  double ms(const std::string& name) const {
-    auto it = m_ms.find(name);
-    return it == m_ms.end() ? 0.0 : it->second;
-  }
-
- private:
-  std::map<std::string, double> m_ms;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -139,11 +120,11 @@ int main(int argc, char** argv) {
   // Frames as fast as they draw: the figures measure drawing, not the monitor.
   DisplayManager::getInstance().getWindow()->setVerticalSyncEnabled(false);
 
-  RatioReporter reporter;
+  ot_bench::RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
-  double draw_ch = reporter.ms("BM_DrawChScreen/real_time");
-  double batched = reporter.ms("BM_BatchedScreen/real_time");
-  double empty = reporter.ms("BM_EmptyFrame/real_time");
+  double draw_ch = reporter.seconds("BM_DrawChScreen/real_time") * 1e3;
+  double batched = reporter.seconds("BM_BatchedScreen/real_time") * 1e3;
+  double empty = reporter.seconds("BM_EmptyFrame/real_time") * 1e3;
   if (draw_ch > 0 && batched > empty) {
     std::printf("80x24 screen: drawCh %.3f ms/frame, batched %.3f ms/frame, empty frame %.3f ms\n", draw_ch, batched,
                 empty);

