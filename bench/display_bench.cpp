@@ -46,7 +46,8 @@ void BM_DrawChScreen(benchmark::State& state) {
   for (auto _ : state) {
     for (int y = 0; y < ROWS; y++) {
       for (int x = 0; x < COLS; x++) {
-        display.drawCh(ot::Vector(static_cast<float>(x), static_cast<float>(y)), cellChar(x, y), cellColor(x, y));
+        display.drawCh(ot::Vector(static_cast<float>(x), static_cast<float>(y)), cellChar(x, y),
+                       cellColor(x, y));
       }
     }
     display.swapBuffers();
@@ -83,7 +84,8 @@ void BM_BatchedScreen(benchmark::State& state) {
         float gx = px + glyph.bounds.left, gy = py + static_cast<float>(size) + glyph.bounds.top;
         float gw = glyph.bounds.width, gh = glyph.bounds.height;
         float u = static_cast<float>(glyph.textureRect.left), v = static_cast<float>(glyph.textureRect.top);
-        float uw = static_cast<float>(glyph.textureRect.width), vh = static_cast<float>(glyph.textureRect.height);
+        float uw = static_cast<float>(glyph.textureRect.width),
+              vh = static_cast<float>(glyph.textureRect.height);
         sf::Vertex* quad = &glyphs[i];
         quad[0] = sf::Vertex({gx, gy}, color, {u, v});
         quad[1] = sf::Vertex({gx + gw, gy}, color, {u + uw, v});
@@ -126,10 +128,11 @@ int main(int argc, char** argv) {
   double batched = reporter.seconds("BM_BatchedScreen/real_time") * 1e3;
   double empty = reporter.seconds("BM_EmptyFrame/real_time") * 1e3;
   if (draw_ch > 0 && batched > empty) {
-    std::printf("80x24 screen: drawCh %.3f ms/frame, batched %.3f ms/frame, empty frame %.3f ms\n", draw_ch, batched,
-                empty);
-    std::printf("drawCh / batched = %.1f per frame; %.1f for the drawing alone (empty frame taken off both)\n",
-                draw_ch / batched, (draw_ch - empty) / (batched - empty));
+    std::printf("80x24 screen: drawCh %.3f ms/frame, batched %.3f ms/frame, empty frame %.3f ms\n", draw_ch,
+                batched, empty);
+    std::printf(
+        "drawCh / batched = %.1f per frame; %.1f for the drawing alone (empty frame taken off both)\n",
+        draw_ch / batched, (draw_ch - empty) / (batched - empty));
   }
   game.shutDown();
   benchmark::Shutdown();

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/support/RatioReporter.h"
 #include "engine/core/Config.h"
 #include "engine/core/EventStep.h"
 #include "engine/core/GameManager.h"
@@ -18,7 +19,6 @@
 #include "engine/effects/Particles.h"
 #include "engine/world/Object.h"
 #include "engine/world/WorldManager.h"
-#include "bench/support/RatioReporter.h"
 
 namespace {
 
@@ -37,8 +37,8 @@ void frame() {
 
 void burst() {
   // Age FRAMES: each particle is marked on the last frame and deleted in it.
-  ot::addParticles(COUNT, 0, CENTRE, 1.0f, ot::Vector(), 0.0f, 2.0f, 0.5f, 0.08f, 0.04f, FRAMES, 0, 255, 75, 255, 69, 0,
-                   50, ot::PARTICLE);
+  ot::addParticles(COUNT, 0, CENTRE, 1.0f, ot::Vector(), 0.0f, 2.0f, 0.5f, 0.08f, 0.04f, FRAMES, 0, 255, 75,
+                   255, 69, 0, 50, ot::PARTICLE);
 }
 
 void BM_BurstMade(benchmark::State& state) {

@@ -12,15 +12,15 @@
 #include <string>
 #include <vector>
 
-#include "engine/presentation/ResourceManager.h"
 #include "bench/support/RatioReporter.h"
+#include "engine/presentation/ResourceManager.h"
 
 namespace {
 
 constexpr int FILES = 1000;
 
 const char* const ROWS[] = {"/---\\", "| $ |", "\\---/", "./-\\.", ".|$|.", ".\\-/.",
-                            "..|..", "..|..", "..|..", "./-\\.", ".|$|.", ".\\-/."};
+                            "..|..",  "..|..", "..|..",  "./-\\.", ".|$|.", ".\\-/."};
 
 std::string simpleText() {
   std::string text = "4\n5\n3\n3\nyellow\n";

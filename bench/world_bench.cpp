@@ -111,8 +111,8 @@ int main(int argc, char** argv) {
     double small = reporter.seconds(name + "100") / 100;
     double large = reporter.seconds(name + "10000") / 10000;
     if (small > 0 && large > 0)
-      std::printf("%s movers: %.3f us an object at N=100, %.3f us at N=10000; ratio %.2f\n", kind, small * 1e6,
-                  large * 1e6, large / small);
+      std::printf("%s movers: %.3f us an object at N=100, %.3f us at N=10000; ratio %.2f\n", kind,
+                  small * 1e6, large * 1e6, large / small);
   }
   double crowded = reporter.seconds("BM_GetCollisionsCrowdedCell");
   double empty = reporter.seconds("BM_GetCollisionsEmptyCell");

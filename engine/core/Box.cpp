@@ -9,8 +9,7 @@ Box::Box(Vector corner, float horizontal, float vertical)
     : m_corner(corner), m_horizontal(horizontal), m_vertical(vertical) {}
 
 bool Box::operator==(const Box& other) const {
-  return m_corner == other.m_corner && m_horizontal == other.m_horizontal &&
-         m_vertical == other.m_vertical;
+  return m_corner == other.m_corner && m_horizontal == other.m_horizontal && m_vertical == other.m_vertical;
 }
 
 bool Box::operator!=(const Box& other) const { return !(*this == other); }

@@ -31,8 +31,6 @@ std::int64_t Clock::reading(const platform::SystemTime& time) {
 
 void Clock::setTimeSource(TimeSource source) { g_time_source = source; }
 
-std::int64_t Clock::now() {
-  return reading(g_time_source ? g_time_source() : platform::getSystemTime());
-}
+std::int64_t Clock::now() { return reading(g_time_source ? g_time_source() : platform::getSystemTime()); }
 
 }  // namespace ot

@@ -212,8 +212,8 @@ void GameManager::run() {
 
     std::int64_t loop_time = game_clock.split();
     std::int32_t frame_micro = m_frame_time * 1000;
-    int path_budget = static_cast<int>(
-        0.95f * static_cast<float>(frame_micro - loop_time - adjust_time) / 1000.0f);
+    int path_budget =
+        static_cast<int>(0.95f * static_cast<float>(frame_micro - loop_time - adjust_time) / 1000.0f);
     PathManager::getInstance().cycle(path_budget);
 
     loop_time = game_clock.split();

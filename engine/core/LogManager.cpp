@@ -54,8 +54,7 @@ int LogManager::writeLine(FILE* p_f, int line_level, const char* fmt, va_list ar
   if (!p_f) p_f = stderr;
   bool failed = false;
   if (m_log_time_string && fprintf(p_f, "%s ", getTimeString()) < 0) failed = true;
-  if (m_log_step_count && fprintf(p_f, "%4d ", GameManager::getInstance().getStepCount()) < 0)
-    failed = true;
+  if (m_log_step_count && fprintf(p_f, "%4d ", GameManager::getInstance().getStepCount()) < 0) failed = true;
   int count = vfprintf(p_f, fmt, args);
   if (count < 0) failed = true;
   if (fprintf(p_f, "\n") < 0) failed = true;

@@ -59,8 +59,8 @@ class LogManager : public Manager {
   int m_log_level = 0;
   bool m_log_time_string = true;
   bool m_log_step_count = true;
-  FILE* m_p_f = nullptr;                   // the main file; null means standard error
-  std::map<std::string, FILE*> m_files;    // files opened by writeMyLog
+  FILE* m_p_f = nullptr;                 // the main file; null means standard error
+  std::map<std::string, FILE*> m_files;  // files opened by writeMyLog
 };
 
 }  // namespace ot

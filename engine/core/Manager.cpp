@@ -13,8 +13,7 @@ Manager::~Manager() { m_is_started = false; }
 
 int Manager::startUp() {
   if (m_is_started) {
-    LogManager::getInstance().writeLog(1, "Manager::startUp(): Warning! %s already started.",
-                                       m_type.c_str());
+    LogManager::getInstance().writeLog(1, "Manager::startUp(): Warning! %s already started.", m_type.c_str());
   }
   m_is_started = true;
   return 0;
@@ -22,8 +21,7 @@ int Manager::startUp() {
 
 void Manager::shutDown() {
   if (!m_is_started) {
-    LogManager::getInstance().writeLog(1, "Manager::shutDown(): Warning! %s not started.",
-                                       m_type.c_str());
+    LogManager::getInstance().writeLog(1, "Manager::shutDown(): Warning! %s not started.", m_type.c_str());
   }
   m_is_started = false;
 }
@@ -37,8 +35,7 @@ int Manager::onEvent(const Event* p_event) const {
     return 0;
   }
   if (!isValid(type)) {
-    log.writeLog(1, "Manager(%s)::onEvent(): Error! Event type %s not valid.", m_type.c_str(),
-                 type.c_str());
+    log.writeLog(1, "Manager(%s)::onEvent(): Error! Event type %s not valid.", m_type.c_str(), type.c_str());
     return 0;
   }
   int count = 0;
@@ -57,8 +54,8 @@ int Manager::onEvent(const Event* p_event) const {
 int Manager::registerInterest(Object* p_o, std::string event_type) {
   LogManager& log = LogManager::getInstance();
   if (!isValid(event_type)) {
-    log.writeLog("Manager(%s)::registerInterest(): Event '%s' not valid for this Manager",
-                 m_type.c_str(), event_type.c_str());
+    log.writeLog("Manager(%s)::registerInterest(): Event '%s' not valid for this Manager", m_type.c_str(),
+                 event_type.c_str());
     return -1;
   }
   for (int i = 0; i < m_event_count; i++) {

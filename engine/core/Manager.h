@@ -41,9 +41,9 @@ class Manager {
 
  private:
   std::string m_type = "Manager";
-  int m_event_count = 0;                    // rows in use
-  std::string m_event[MAX_OBJ_EVENTS];      // label of each row
-  ObjectList m_obj_list[MAX_OBJ_EVENTS];    // objects interested in that label
+  int m_event_count = 0;                  // rows in use
+  std::string m_event[MAX_OBJ_EVENTS];    // label of each row
+  ObjectList m_obj_list[MAX_OBJ_EVENTS];  // objects interested in that label
   bool m_is_started = false;
 };
 

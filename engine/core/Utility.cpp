@@ -111,8 +111,7 @@ const char* getTimeString() {
     snprintf(time_str, sizeof(time_str), "(time error)");
     return time_str;
   }
-  snprintf(time_str, sizeof(time_str), "%02d:%02d:%02d", p_time->tm_hour, p_time->tm_min,
-           p_time->tm_sec);
+  snprintf(time_str, sizeof(time_str), "%02d:%02d:%02d", p_time->tm_hour, p_time->tm_min, p_time->tm_sec);
   return time_str;
 }
 
@@ -136,8 +135,7 @@ std::string match(std::string str, std::string find) {
   log.writeLog(25, "match(\"%s\", \"%s\")", str.c_str(), find.c_str());
 
   if (!str.empty()) {
-    str.erase(std::remove_if(str.begin(), str.end(), [](unsigned char c) { return isspace(c); }),
-              str.end());
+    str.erase(std::remove_if(str.begin(), str.end(), [](unsigned char c) { return isspace(c); }), str.end());
     freeMatchArrays();
 
     int capacity = static_cast<int>(std::count(str.begin(), str.end(), ',')) + 1;

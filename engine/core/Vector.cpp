@@ -42,9 +42,7 @@ bool Vector::operator==(const Vector& other) const { return m_x == other.m_x && 
 
 bool Vector::operator!=(const Vector& other) const { return !(*this == other); }
 
-bool Vector::operator!() const {
-  return static_cast<double>(m_x) == 0.0 && static_cast<double>(m_y) == 0.0;
-}
+bool Vector::operator!() const { return static_cast<double>(m_x) == 0.0 && static_cast<double>(m_y) == 0.0; }
 
 std::string Vector::toString() const { return "(" + ot::toString(m_x) + "," + ot::toString(m_y) + ")"; }
 

@@ -8,7 +8,8 @@
 
 namespace ot {
 
-Firework::Firework(float size, int age, unsigned char opacity, unsigned char r, unsigned char g, unsigned char b)
+Firework::Firework(float size, int age, unsigned char opacity, unsigned char r, unsigned char g,
+                   unsigned char b)
     : Particle(size, age, opacity, r, g, b),
       m_r(r),
       m_g(g),

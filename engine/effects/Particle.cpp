@@ -8,7 +8,8 @@
 
 namespace ot {
 
-Particle::Particle(float size, int age, unsigned char opacity, unsigned char r, unsigned char g, unsigned char b) {
+Particle::Particle(float size, int age, unsigned char opacity, unsigned char r, unsigned char g,
+                   unsigned char b) {
   setUp(size, age, opacity, r, g, b);
 }
 
@@ -21,7 +22,8 @@ Particle::Particle(float size, int age, unsigned char opacity, Color color) {
   setUp(size, age, opacity, r, g, b);
 }
 
-void Particle::setUp(float size, int age, unsigned char opacity, unsigned char r, unsigned char g, unsigned char b) {
+void Particle::setUp(float size, int age, unsigned char opacity, unsigned char r, unsigned char g,
+                     unsigned char b) {
   setSolidness(SPECTRAL);
   setType("Particle");
   setAltitude(4);

@@ -48,18 +48,10 @@ float halfToWhole(float value) {
 // A velocity of that speed along a direction's axis; false for an unknown one.
 bool velocityAlong(Direction direction, float speed, Vector& velocity) {
   switch (direction) {
-    case UP:
-      velocity = Vector(0.0f, -speed);
-      return true;
-    case DOWN:
-      velocity = Vector(0.0f, speed);
-      return true;
-    case LEFT:
-      velocity = Vector(-speed, 0.0f);
-      return true;
-    case RIGHT:
-      velocity = Vector(speed, 0.0f);
-      return true;
+    case UP: velocity = Vector(0.0f, -speed); return true;
+    case DOWN: velocity = Vector(0.0f, speed); return true;
+    case LEFT: velocity = Vector(-speed, 0.0f); return true;
+    case RIGHT: velocity = Vector(speed, 0.0f); return true;
   }
   return false;
 }
@@ -67,9 +59,10 @@ bool velocityAlong(Direction direction, float speed, Vector& velocity) {
 }  // namespace
 
 int addParticles(int count, int /*count_spread*/, Vector position, float position_spread, Vector direction,
-                 float direction_spread, float size, float size_spread, float speed, float speed_spread, int age,
-                 int age_spread, unsigned char opacity, unsigned char opacity_spread, unsigned char r, unsigned char g,
-                 unsigned char b, unsigned char color_spread, ParticleClass particle_class) {
+                 float direction_spread, float size, float size_spread, float speed, float speed_spread,
+                 int age, int age_spread, unsigned char opacity, unsigned char opacity_spread,
+                 unsigned char r, unsigned char g, unsigned char b, unsigned char color_spread,
+                 ParticleClass particle_class) {
   LogManager& log = LogManager::getInstance();
   // count_spread is never read: the presets pass values there, and the count
   // they make is to stay exact.
@@ -96,15 +89,9 @@ int addParticles(int count, int /*count_spread*/, Vector position, float positio
 
     Particle* p_particle = nullptr;
     switch (particle_class) {
-      case PARTICLE:
-        p_particle = new (std::nothrow) Particle(p_size, p_age, p_opacity, p_r, p_g, p_b);
-        break;
-      case FIREWORK:
-        p_particle = new (std::nothrow) Firework(p_size, p_age, p_opacity, p_r, p_g, p_b);
-        break;
-      default:
-        log.writeLog("addParticles(): Type %d not defined.", particle_class);
-        return -1;
+      case PARTICLE: p_particle = new (std::nothrow) Particle(p_size, p_age, p_opacity, p_r, p_g, p_b); break;
+      case FIREWORK: p_particle = new (std::nothrow) Firework(p_size, p_age, p_opacity, p_r, p_g, p_b); break;
+      default: log.writeLog("addParticles(): Type %d not defined.", particle_class); return -1;
     }
     if (!p_particle) {
       log.writeLog("addParticles(): Error!  Unable to create new Particle!");
@@ -215,9 +202,9 @@ int addParticles(ParticleType type, Vector position, float scale, Color color) {
   }
   // CUSTOM leaves the preset's channels; a named colour replaces them.
   colorToRGB(color, r, g, b);
-  return addParticles(count, count_spread, position, position_spread, direction, direction_spread, size, size_spread,
-                      speed, speed_spread, age, age_spread, opacity, opacity_spread, r, g, b, color_spread,
-                      particle_class);
+  return addParticles(count, count_spread, position, position_spread, direction, direction_spread, size,
+                      size_spread, speed, speed_spread, age, age_spread, opacity, opacity_spread, r, g, b,
+                      color_spread, particle_class);
 }
 
 int addParticles(PrecipitationType type, Direction direction, float density, Color /*color*/) {
@@ -309,8 +296,8 @@ int explode(Sprite* sprite, int frame_index, Vector position, int age, float spe
   const int h = sprite->getHeight();
   const int w = sprite->getWidth();
   if (h < 0 || w < 0 || text.size() < static_cast<size_t>(h) * static_cast<size_t>(w)) {
-    log.writeLog("explode(): Warning! frame holds %d characters, fewer than %d x %d.", static_cast<int>(text.size()), w,
-                 h);
+    log.writeLog("explode(): Warning! frame holds %d characters, fewer than %d x %d.",
+                 static_cast<int>(text.size()), w, h);
     return -1;
   }
   // The age spread divides by age / 4.
@@ -332,7 +319,8 @@ int explode(Sprite* sprite, int frame_index, Vector position, int age, float spe
 
       // Placed by the counters, read by the source: a transform mirrors the
       // picture of the explosion.
-      Vector p(position.getX() + static_cast<float>(x) - half_w, position.getY() + static_cast<float>(y) - half_h);
+      Vector p(position.getX() + static_cast<float>(x) - half_w,
+               position.getY() + static_cast<float>(y) - half_h);
       Vector velocity = p - position;
       velocity.setX(velocity.getX() + uniformSpread(1.5f));
       velocity.setY(velocity.getY() + uniformSpread(1.5f));
@@ -343,7 +331,8 @@ int explode(Sprite* sprite, int frame_index, Vector position, int age, float spe
       float rotation_speed = halfToWhole(rotation);
       if (rand() % 2 == 0) rotation_speed = -rotation_speed;
 
-      Debris* p_debris = new (std::nothrow) Debris(p_age, 255, sprite->getColor(), velocity, c, rotation_speed);
+      Debris* p_debris =
+          new (std::nothrow) Debris(p_age, 255, sprite->getColor(), velocity, c, rotation_speed);
       if (!p_debris) {
         log.writeLog("explode(): Error! Unable to create new Debris.");
         return -1;

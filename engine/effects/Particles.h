@@ -49,9 +49,10 @@ enum PrecipitationType : int {
 // Makes exactly count particles (count_spread is never read); -1 for an
 // unknown particle_class or a failed allocation.
 int addParticles(int count, int count_spread, Vector position, float position_spread, Vector direction,
-                 float direction_spread, float size, float size_spread, float speed, float speed_spread, int age,
-                 int age_spread, unsigned char opacity, unsigned char opacity_spread, unsigned char r, unsigned char g,
-                 unsigned char b, unsigned char color_spread, ParticleClass particle_class);
+                 float direction_spread, float size, float size_spread, float speed, float speed_spread,
+                 int age, int age_spread, unsigned char opacity, unsigned char opacity_spread,
+                 unsigned char r, unsigned char g, unsigned char b, unsigned char color_spread,
+                 ParticleClass particle_class);
 
 // A preset burst scaled by scale; a named colour replaces the preset's, CUSTOM
 // keeps it. -1 for an unknown type.

@@ -31,8 +31,10 @@ Vector scatterInCell(Vector spaces) {
   Vector pixels = spacesToPixels(spaces);
   float cell_height = charHeight();
   float cell_width = charWidth();
-  if (cell_height >= 1.0f) pixels.setY(pixels.getY() + static_cast<float>(rand() % static_cast<int>(cell_height)));
-  if (cell_width >= 1.0f) pixels.setX(pixels.getX() + static_cast<float>(rand() % static_cast<int>(cell_width)));
+  if (cell_height >= 1.0f)
+    pixels.setY(pixels.getY() + static_cast<float>(rand() % static_cast<int>(cell_height)));
+  if (cell_width >= 1.0f)
+    pixels.setX(pixels.getX() + static_cast<float>(rand() % static_cast<int>(cell_width)));
   return pixelsToSpaces(pixels);
 }
 
@@ -45,8 +47,8 @@ float wobbled(float v) {
 
 }  // namespace
 
-Precipitation::Precipitation(float size, Direction direction, unsigned char opacity, unsigned char r, unsigned char g,
-                             unsigned char b)
+Precipitation::Precipitation(float size, Direction direction, unsigned char opacity, unsigned char r,
+                             unsigned char g, unsigned char b)
     : Particle(size, 0, opacity, r, g, b), m_direction(direction) {
   setType("Precipitation");
 
@@ -54,7 +56,8 @@ Precipitation::Precipitation(float size, Direction direction, unsigned char opac
   int height = 0;
   if (!boundarySpaces(width, height)) {
     LogManager::getInstance().writeLog(
-        "Precipitation::Precipitation(): Warning! boundary %d x %d has no room, placed at the origin.", width, height);
+        "Precipitation::Precipitation(): Warning! boundary %d x %d has no room, placed at the origin.", width,
+        height);
     setPosition(Vector(0.0f, 0.0f));
     return;
   }
@@ -109,8 +112,8 @@ int Precipitation::eventHandler(const Event* p_e) {
       y = rand() % height;
       break;
     default:
-      LogManager::getInstance().writeLog(1, "Precipitation::eventHandler(): warning! Direction %d not supported.",
-                                         m_direction);
+      LogManager::getInstance().writeLog(
+          1, "Precipitation::eventHandler(): warning! Direction %d not supported.", m_direction);
       return -1;
   }
   setPosition(scatterInCell(Vector(static_cast<float>(x), static_cast<float>(y))));

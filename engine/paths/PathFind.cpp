@@ -61,9 +61,11 @@ PathFind::PathFind(Object* p_object, Vector start, Vector end) : m_p_object(p_ob
 
   Box boundary = WorldManager::getInstance().getBoundary();
   if (!boxContainsPosition(boundary, start) || !boxContainsPosition(boundary, end)) {
-    log.writeLog("PathFind::PathFind(): Error! Both start (%.2f, %.2f) and end (%.2f, %.2f) must be within world boundary (%d, %d).",
-                 start.getX(), start.getY(), end.getX(), end.getY(), static_cast<int>(boundary.getHorizontal()),
-                 static_cast<int>(boundary.getVertical()));
+    log.writeLog(
+        "PathFind::PathFind(): Error! Both start (%.2f, %.2f) and end (%.2f, %.2f) must be within world "
+        "boundary (%d, %d).",
+        start.getX(), start.getY(), end.getX(), end.getY(), static_cast<int>(boundary.getHorizontal()),
+        static_cast<int>(boundary.getVertical()));
     return;
   }
 
@@ -81,8 +83,8 @@ PathFind::PathFind(Object* p_object, Vector start, Vector end) : m_p_object(p_ob
   for (int y = 0; y < rows; y++) {
     m_nodes[y] = new (std::nothrow) Node[cols];
     if (!m_nodes[y]) {
-      log.writeLog("PathFind::PathFind(): Error!  Unable to allocate pathfinding for %d columns at row %d.", cols,
-                   y);
+      log.writeLog("PathFind::PathFind(): Error!  Unable to allocate pathfinding for %d columns at row %d.",
+                   cols, y);
       return;
     }
     for (int x = 0; x < cols; x++) {

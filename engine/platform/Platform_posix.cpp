@@ -1,10 +1,10 @@
 #include "engine/platform/Platform.h"
 
+#include <sys/time.h>
+#include <unistd.h>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
-#include <sys/time.h>
-#include <unistd.h>
 
 namespace ot {
 namespace platform {
@@ -45,9 +45,7 @@ unsigned int timeBeginPeriod(unsigned int) { return 0; }
 
 unsigned int timeEndPeriod(unsigned int) { return 0; }
 
-bool getWorkingDirectory(char* buffer, std::size_t size) {
-  return getcwd(buffer, size) != nullptr;
-}
+bool getWorkingDirectory(char* buffer, std::size_t size) { return getcwd(buffer, size) != nullptr; }
 
 bool displayAvailable() {
   const char* p_display = getenv("DISPLAY");

@@ -65,8 +65,8 @@ int DisplayManager::startUp() {
     return -1;
   }
   sf::VideoMode desktop = sf::VideoMode::getDesktopMode();
-  log.writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.", static_cast<int>(desktop.width),
-               static_cast<int>(desktop.height));
+  log.writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.",
+               static_cast<int>(desktop.width), static_cast<int>(desktop.height));
   if (m_window_horizontal_pixels == 0) m_window_horizontal_pixels = static_cast<int>(desktop.width);
   if (m_window_vertical_pixels == 0) m_window_vertical_pixels = static_cast<int>(desktop.height);
 
@@ -288,9 +288,14 @@ Vector pixelsToSpaces(Vector pixels) {
 sf::Color colorToSFML(Color color) {
   unsigned char r = 255, g = 255, b = 255;
   switch (color) {
-    case BLACK: case RED: case GREEN: case YELLOW: case BLUE: case MAGENTA: case CYAN: case WHITE:
-      colorToRGB(color, r, g, b);
-      return sf::Color(r, g, b, 255);
+    case BLACK:
+    case RED:
+    case GREEN:
+    case YELLOW:
+    case BLUE:
+    case MAGENTA:
+    case CYAN:
+    case WHITE: colorToRGB(color, r, g, b); return sf::Color(r, g, b, 255);
     case CUSTOM:
       LogManager::getInstance().writeLog(5, "colorToSFML(): Color is CUSTOM.");
       return sf::Color::White;
@@ -302,18 +307,48 @@ sf::Color colorToSFML(Color color) {
 
 void colorToRGB(Color color, unsigned char& r, unsigned char& g, unsigned char& b) {
   switch (color) {
-    case BLACK: r = 0; g = 0; b = 0; return;
-    case RED: r = 255; g = 0; b = 0; return;
-    case GREEN: r = 0; g = 255; b = 0; return;
-    case YELLOW: r = 255; g = 255; b = 0; return;
-    case BLUE: r = 0; g = 0; b = 255; return;
-    case MAGENTA: r = 255; g = 0; b = 255; return;
-    case CYAN: r = 0; g = 255; b = 255; return;
-    case WHITE: r = 255; g = 255; b = 255; return;
-    case CUSTOM: return;  // the caller's channels stand
-    default:
-      LogManager::getInstance().writeLog(5, "colorToRGB(): Color %d not supported.", color);
+    case BLACK:
+      r = 0;
+      g = 0;
+      b = 0;
       return;
+    case RED:
+      r = 255;
+      g = 0;
+      b = 0;
+      return;
+    case GREEN:
+      r = 0;
+      g = 255;
+      b = 0;
+      return;
+    case YELLOW:
+      r = 255;
+      g = 255;
+      b = 0;
+      return;
+    case BLUE:
+      r = 0;
+      g = 0;
+      b = 255;
+      return;
+    case MAGENTA:
+      r = 255;
+      g = 0;
+      b = 255;
+      return;
+    case CYAN:
+      r = 0;
+      g = 255;
+      b = 255;
+      return;
+    case WHITE:
+      r = 255;
+      g = 255;
+      b = 255;
+      return;
+    case CUSTOM: return;  // the caller's channels stand
+    default: LogManager::getInstance().writeLog(5, "colorToRGB(): Color %d not supported.", color); return;
   }
 }
 

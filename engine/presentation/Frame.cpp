@@ -33,7 +33,8 @@ int Frame::draw(Vector position, Color color, char transparency, Transform trans
       char ch = getChar(x, y, transform);
       // A skipped character draws no rectangle either, so what lies below stays.
       if (transparency != 0 && ch == transparency) continue;
-      Vector at(position.getX() + static_cast<float>(x) - x_offset, position.getY() + static_cast<float>(y) - y_offset);
+      Vector at(position.getX() + static_cast<float>(x) - x_offset,
+                position.getY() + static_cast<float>(y) - y_offset);
       if (display.drawCh(at, ch, color, 0) != 0) return -1;
     }
   }

@@ -124,20 +124,30 @@ const struct {
 // Asked for KEY_DOWN in every frame, in this order. F11 and F12 are left out
 // on purpose: they give only KEY_PRESSED and KEY_RELEASED.
 const Keyboard::Key POLLED[] = {
-    Keyboard::UPARROW, Keyboard::DOWNARROW, Keyboard::LEFTARROW, Keyboard::RIGHTARROW,
-    Keyboard::SPACE, Keyboard::RETURN, Keyboard::TAB, Keyboard::ESCAPE, Keyboard::PAUSE,
-    Keyboard::MINUS, Keyboard::PLUS, Keyboard::TILDE, Keyboard::PERIOD, Keyboard::COMMA,
-    Keyboard::SLASH, Keyboard::EQUAL, Keyboard::BACKSLASH, Keyboard::MULTIPLY, Keyboard::QUOTE,
-    Keyboard::LEFTBRACKET, Keyboard::RIGHTBRACKET, Keyboard::SEMICOLON,
-    Keyboard::LEFTCONTROL, Keyboard::RIGHTCONTROL, Keyboard::LEFTSHIFT, Keyboard::RIGHTSHIFT,
-    Keyboard::F1, Keyboard::F2, Keyboard::F3, Keyboard::F4, Keyboard::F5,
-    Keyboard::F6, Keyboard::F7, Keyboard::F8, Keyboard::F9, Keyboard::F10,
-    Keyboard::A, Keyboard::B, Keyboard::C, Keyboard::D, Keyboard::E, Keyboard::F, Keyboard::G,
-    Keyboard::H, Keyboard::I, Keyboard::J, Keyboard::K, Keyboard::L, Keyboard::M, Keyboard::N,
-    Keyboard::O, Keyboard::P, Keyboard::Q, Keyboard::R, Keyboard::S, Keyboard::T, Keyboard::U,
-    Keyboard::V, Keyboard::W, Keyboard::X, Keyboard::Y, Keyboard::Z,
-    Keyboard::NUM1, Keyboard::NUM2, Keyboard::NUM3, Keyboard::NUM4, Keyboard::NUM5,
-    Keyboard::NUM6, Keyboard::NUM7, Keyboard::NUM8, Keyboard::NUM9, Keyboard::NUM0,
+    Keyboard::UPARROW,    Keyboard::DOWNARROW,   Keyboard::LEFTARROW,
+    Keyboard::RIGHTARROW, Keyboard::SPACE,       Keyboard::RETURN,
+    Keyboard::TAB,        Keyboard::ESCAPE,      Keyboard::PAUSE,
+    Keyboard::MINUS,      Keyboard::PLUS,        Keyboard::TILDE,
+    Keyboard::PERIOD,     Keyboard::COMMA,       Keyboard::SLASH,
+    Keyboard::EQUAL,      Keyboard::BACKSLASH,   Keyboard::MULTIPLY,
+    Keyboard::QUOTE,      Keyboard::LEFTBRACKET, Keyboard::RIGHTBRACKET,
+    Keyboard::SEMICOLON,  Keyboard::LEFTCONTROL, Keyboard::RIGHTCONTROL,
+    Keyboard::LEFTSHIFT,  Keyboard::RIGHTSHIFT,  Keyboard::F1,
+    Keyboard::F2,         Keyboard::F3,          Keyboard::F4,
+    Keyboard::F5,         Keyboard::F6,          Keyboard::F7,
+    Keyboard::F8,         Keyboard::F9,          Keyboard::F10,
+    Keyboard::A,          Keyboard::B,           Keyboard::C,
+    Keyboard::D,          Keyboard::E,           Keyboard::F,
+    Keyboard::G,          Keyboard::H,           Keyboard::I,
+    Keyboard::J,          Keyboard::K,           Keyboard::L,
+    Keyboard::M,          Keyboard::N,           Keyboard::O,
+    Keyboard::P,          Keyboard::Q,           Keyboard::R,
+    Keyboard::S,          Keyboard::T,           Keyboard::U,
+    Keyboard::V,          Keyboard::W,           Keyboard::X,
+    Keyboard::Y,          Keyboard::Z,           Keyboard::NUM1,
+    Keyboard::NUM2,       Keyboard::NUM3,        Keyboard::NUM4,
+    Keyboard::NUM5,       Keyboard::NUM6,        Keyboard::NUM7,
+    Keyboard::NUM8,       Keyboard::NUM9,        Keyboard::NUM0,
     Keyboard::BACKSPACE,
 };
 
@@ -172,9 +182,7 @@ int toMouseButton(sf::Mouse::Button button) {
   }
 }
 
-Vector toSpaces(int x, int y) {
-  return pixelsToSpaces(Vector(static_cast<float>(x), static_cast<float>(y)));
-}
+Vector toSpaces(int x, int y) { return pixelsToSpaces(Vector(static_cast<float>(x), static_cast<float>(y))); }
 
 }  // namespace
 

@@ -150,14 +150,16 @@ Sprite* ResourceManager::loadSimpleSprite(std::ifstream& file) {
       return nullptr;
     }
     if (i == 3 && value[3] < 0) {
-      log.writeLog("RM::loadSimpleSprite(): Error line %d! Slowdown is '%s'.", line_number, header[3].c_str());
+      log.writeLog("RM::loadSimpleSprite(): Error line %d! Slowdown is '%s'.", line_number,
+                   header[3].c_str());
       return nullptr;
     }
   }
   const int frames = value[0], width = value[1], height = value[2], slowdown = value[3];
   const Color color = colorNamed(header[4]);
   if (color == UNDEFINED_COLOR) {
-    log.writeLog("RM::loadSimpleSprite(): Error line %d! Unrecognized color '%s'.", line_number, header[4].c_str());
+    log.writeLog("RM::loadSimpleSprite(): Error line %d! Unrecognized color '%s'.", line_number,
+                 header[4].c_str());
     log.writeLog("  Valid colors are: black, red, green, yellow,");
     log.writeLog("                    blue, magenta, cyan or white.");
     return nullptr;
@@ -232,7 +234,8 @@ std::vector<std::string> readData(std::ifstream& file, std::string tag) {
   const std::string end = "</" + tag + ">";
   std::string line = getLine(file, true);
   if (line != begin) {
-    log.writeLog("readData(): Error line %d! Expected '%s', have '%s'.", line_number, begin.c_str(), line.c_str());
+    log.writeLog("readData(): Error line %d! Expected '%s', have '%s'.", line_number, begin.c_str(),
+                 line.c_str());
     return {};
   }
   // The first data line goes uncounted and the closing tag is counted after
@@ -260,7 +263,8 @@ int matchLineInt(std::vector<std::string>& data, const char* token) {
       continue;
     }
     if (result != -1)
-      LogManager::getInstance().writeLog(1, "matchLineInt(): Warning! '%s' matches multiple lines.", it->c_str());
+      LogManager::getInstance().writeLog(1, "matchLineInt(): Warning! '%s' matches multiple lines.",
+                                         it->c_str());
     // A line that is just the token throws std::out_of_range here, and
     // nothing catches it: such a file ends the program. Kept as it stands.
     result = atoi(it->substr(skip).c_str());
@@ -278,7 +282,8 @@ std::string matchLineStr(std::vector<std::string>& data, const char* token) {
       continue;
     }
     if (!result.empty())
-      LogManager::getInstance().writeLog(1, "matchLineStr(): Warning! '%s' matches multiple lines.", it->c_str());
+      LogManager::getInstance().writeLog(1, "matchLineStr(): Warning! '%s' matches multiple lines.",
+                                         it->c_str());
     result = it->size() >= skip ? it->substr(skip) : "";
     it = data.erase(it);
   }
@@ -297,8 +302,8 @@ Frame readFrame(std::vector<std::string>& data, int width, int height, int line_
     line_no++;
     log.writeLog(20, "\tLine %2d: '%s'", line_no, line.c_str());
     if (static_cast<int>(line.size()) != width) {
-      log.writeLog("\tError! Line %d: Line length is %d (frame width is %d).", line_no, static_cast<int>(line.size()),
-                   width);
+      log.writeLog("\tError! Line %d: Line length is %d (frame width is %d).", line_no,
+                   static_cast<int>(line.size()), width);
       log.writeLog("\tLine %d: '%s'", line_no, line.c_str());
       return Frame();
     }
@@ -378,7 +383,8 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
   const int body_start = line_number;
   std::vector<std::string> body = readData(file, "BODY");
   if (body.empty()) return nullptr;
-  log.writeLog(20, "ResourceManager::loadRobustSprite(): After reading body: line number is '%d'", line_number);
+  log.writeLog(20, "ResourceManager::loadRobustSprite(): After reading body: line number is '%d'",
+               line_number);
 
   Sprite* p_sprite = new (std::nothrow) Sprite(frames);
   if (!p_sprite) {

@@ -24,8 +24,7 @@ int smallerCellSide() {
 
 }  // namespace
 
-Shape::Shape()
-    : m_size(static_cast<float>(smallerCellSide()) * Config::getInstance().getFontScale()) {}
+Shape::Shape() : m_size(static_cast<float>(smallerCellSide()) * Config::getInstance().getFontScale()) {}
 
 void Shape::setColor(unsigned char r, unsigned char g, unsigned char b) {
   m_r = r;
@@ -97,8 +96,7 @@ void Shape::draw(Vector world_position) {
       figure.setRadius(m_size / 2.0f);
       figure.setPosition(px - m_size / 2.0f, py - m_size / 2.0f);
       break;
-    default:
-      return;
+    default: return;
   }
   LogManager::getInstance().writeLog(25, "Shape::draw(): Drawing at (%.2f, %.2f)", px, py);
   p_window->draw(figure, sf::RenderStates::Default);

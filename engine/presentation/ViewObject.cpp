@@ -62,8 +62,8 @@ int ViewObject::draw() {
 
 void ViewObject::setLocation(int location) {
   if (location < TOP_LEFT || location > BOTTOM_RIGHT) {
-    LogManager::getInstance().writeLog("ViewObject::setLocation(): Warning! Location out of range (%d). Ignored.",
-                                       location);
+    LogManager::getInstance().writeLog(
+        "ViewObject::setLocation(): Warning! Location out of range (%d). Ignored.", location);
     return;
   }
   if (location == m_location) return;
@@ -137,8 +137,8 @@ std::string ViewObject::toString() const {
   bool located = m_location >= TOP_LEFT && m_location <= BOTTOM_RIGHT;
   std::string location = located ? ot::toString(static_cast<Location>(m_location)) : "unknown";
   return Object::toString() + ", " + m_view_string + ", " + ot::toString(m_value) + ", value " +
-         ot::toString(m_draw_value) + ", border " + ot::toString(m_border) + ", " + ot::toString(m_color) + ", " +
-         location;
+         ot::toString(m_draw_value) + ", border " + ot::toString(m_border) + ", " + ot::toString(m_color) +
+         ", " + location;
 }
 
 }  // namespace ot

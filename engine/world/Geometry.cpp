@@ -51,7 +51,8 @@ bool boxContainsBox(Box a, Box b) {
 }
 
 bool boxIntersectsBox(Box a, Box b) {
-  bool x_overlap = spansOverlap(a.getCorner().getX(), a.getHorizontal(), b.getCorner().getX(), b.getHorizontal());
+  bool x_overlap =
+      spansOverlap(a.getCorner().getX(), a.getHorizontal(), b.getCorner().getX(), b.getHorizontal());
   bool y_overlap = spansOverlap(a.getCorner().getY(), a.getVertical(), b.getCorner().getY(), b.getVertical());
   return x_overlap && y_overlap;
 }
@@ -111,9 +112,9 @@ Vector getNormal(Object* p_o, Object* p_other) {
     float dx, dy;
     Vector normal;
   };
-  const Side sides[8] = {{0, -v, Vector(0, -1)},  {0, v, Vector(0, 1)},    {-h, 0, Vector(-1, 0)},
-                         {h, 0, Vector(1, 0)},    {-h, -v, Vector(-1, -1)}, {h, -v, Vector(1, -1)},
-                         {-h, v, Vector(-1, 1)},  {h, v, Vector(1, 1)}};
+  const Side sides[8] = {{0, -v, Vector(0, -1)}, {0, v, Vector(0, 1)},     {-h, 0, Vector(-1, 0)},
+                         {h, 0, Vector(1, 0)},   {-h, -v, Vector(-1, -1)}, {h, -v, Vector(1, -1)},
+                         {-h, v, Vector(-1, 1)}, {h, v, Vector(1, 1)}};
   for (const Side& side : sides) {
     if (boxIntersectsBox(box, shifted(other, side.dx, side.dy))) return side.normal;
   }

@@ -66,7 +66,8 @@ void Grid::setDimensions(int cell_width, int cell_height) {
   m_cell_width = cell_width;
   m_cell_height = cell_height;
   if (startUp() == -1) {
-    LogManager::getInstance().writeLog("Grid::setDimensions(): Error! startup() failed so not adding Objects");
+    LogManager::getInstance().writeLog(
+        "Grid::setDimensions(): Error! startup() failed so not adding Objects");
     return;
   }
   ObjectList solid = WorldManager::getInstance().getSceneGraph().solidObjects();
@@ -248,8 +249,8 @@ std::string Grid::toString() const {
   for (int row = 0; row < m_num_rows; row++) {
     for (int col = 0; col < m_num_cols; col++) {
       const ObjectList& cell = m_grid[row][col];
-      text += "Cell (" + ot::toString(col) + "," + ot::toString(row) + "): count=" +
-              ot::toString(cell.getCount()) + "\n";
+      text += "Cell (" + ot::toString(col) + "," + ot::toString(row) +
+              "): count=" + ot::toString(cell.getCount()) + "\n";
       if (!cell.isEmpty()) text += listed(cell) + "\n";
     }
   }

@@ -80,8 +80,8 @@ int Object::setPosition(Vector position) {
 int Object::setSolidness(Solidness solidness) {
   if (solidness == m_solidness) return 0;
   if (solidness != HARD && solidness != SOFT && solidness != SPECTRAL) {
-    LogManager::getInstance().writeLog("Object::setSolidness(): Solidness %d not one of HARD, SOFT or SPECTRAL.",
-                                       solidness);
+    LogManager::getInstance().writeLog(
+        "Object::setSolidness(): Solidness %d not one of HARD, SOFT or SPECTRAL.", solidness);
     return -1;
   }
   if (WorldManager::getInstance().getSceneGraph().updateSolidness(this, solidness) == -1) return -1;
@@ -216,8 +216,9 @@ void Object::setPath(Path path) {
 
 int Object::registerInterest(std::string event_type) {
   if (m_event_count == MAX_OBJ_EVENTS) {
-    LogManager::getInstance().writeLog("Object::registerInterest(): maximum (%d) reached, cannot register for event '%s'",
-                                       MAX_OBJ_EVENTS, event_type.c_str());
+    LogManager::getInstance().writeLog(
+        "Object::registerInterest(): maximum (%d) reached, cannot register for event '%s'", MAX_OBJ_EVENTS,
+        event_type.c_str());
     return -1;
   }
   Manager* p_manager = &WorldManager::getInstance();

@@ -150,7 +150,7 @@ class Object {
   bool m_is_active = true;
   bool m_is_visible = true;
   Box m_box = Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f);  // relative to the position
-  Vector m_position = Vector(1, 1);                        // world cells, the centre
+  Vector m_position = Vector(1, 1);                     // world cells, the centre
   Vector m_direction;
   float m_speed = 0.0f;  // cells per step
   Vector m_acceleration;

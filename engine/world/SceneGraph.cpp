@@ -94,8 +94,9 @@ int SceneGraph::removeObject(Object* p_o) {
     sum += m_inactive_objects.remove(p_o);
   }
   if (sum >= 0) return 0;
-  LogManager::getInstance().writeLog("SceneGraph::removeObject(): Error removing Object (id %d)! Pointer is %p.",
-                                     p_o->getId(), static_cast<void*>(p_o));
+  LogManager::getInstance().writeLog(
+      "SceneGraph::removeObject(): Error removing Object (id %d)! Pointer is %p.", p_o->getId(),
+      static_cast<void*>(p_o));
   return -1;
 }
 
@@ -186,8 +187,9 @@ int SceneGraph::updateAltitude(Object* p_o, int new_altitude) {
   }
   int old_altitude = p_o->getAltitude();
   if (!altitudeInRange(old_altitude)) {
-    log.writeLog("SceneGraph::updateAltitude(): Old altitude %d not in [%d,%d]! This is unxepected. No update.",
-                 old_altitude, 0, MAX_ALTITUDE);
+    log.writeLog(
+        "SceneGraph::updateAltitude(): Old altitude %d not in [%d,%d]! This is unxepected. No update.",
+        old_altitude, 0, MAX_ALTITUDE);
     return -1;
   }
   if (!p_o->isVisible()) return 0;
@@ -208,8 +210,8 @@ int SceneGraph::updateAltitude(Object* p_o, int new_altitude) {
 int SceneGraph::updatePosition(Object* p_o, Vector where) {
   if (!p_o->isSolid() || !p_o->isActive()) return 0;
   if (m_grid.updatePosition(p_o, where) == -1) {
-    LogManager::getInstance().writeLog("SceneGraph::updatePosition(): Error! Calling grid updatePosition (Object %d).",
-                                       p_o->getId());
+    LogManager::getInstance().writeLog(
+        "SceneGraph::updatePosition(): Error! Calling grid updatePosition (Object %d).", p_o->getId());
     return -1;
   }
   return 0;
@@ -220,7 +222,8 @@ int SceneGraph::updateSolidness(Object* p_o, Solidness new_solidness) {
   LogManager& log = LogManager::getInstance();
   if (p_o->isSolid() && new_solidness == SPECTRAL) {
     if (reportable(m_solid_objects.remove(p_o)))
-      log.writeLog("SceneGraph::updateSolidness(): unable to remove solid object (%s)", p_o->getType().c_str());
+      log.writeLog("SceneGraph::updateSolidness(): unable to remove solid object (%s)",
+                   p_o->getType().c_str());
     if (m_grid.removeObject(p_o) == -1) return -1;
   }
   // A change between HARD and SOFT touches nothing.

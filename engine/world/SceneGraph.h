@@ -50,10 +50,10 @@ class SceneGraph {
   int updateVisible(Object* p_o, bool visible);
 
  private:
-  ObjectList m_objects;                                // every active object
-  ObjectList m_solid_objects;                          // active HARD and SOFT objects
-  ObjectList m_visible_objects[MAX_ALTITUDE + 1];      // active, visible, by altitude
-  ObjectList m_inactive_objects;                       // every inactive object
+  ObjectList m_objects;                                  // every active object
+  ObjectList m_solid_objects;                            // active HARD and SOFT objects
+  ObjectList m_visible_objects[MAX_ALTITUDE + 1];        // active, visible, by altitude
+  ObjectList m_inactive_objects;                         // every inactive object
   mutable std::map<std::string, ObjectList> m_type_map;  // active objects by type
   Grid m_grid;
 };

@@ -125,8 +125,9 @@ int WorldManager::markForDelete(Object* p_o) {
     if (it.currentObject() == p_o) return 0;
   }
   if (m_deletions.insert(p_o) == -1) {
-    LogManager::getInstance().writeLog("WorldManager::markForDelete(): Error! unable to add Object %p to deletions list",
-                                       static_cast<void*>(p_o));
+    LogManager::getInstance().writeLog(
+        "WorldManager::markForDelete(): Error! unable to add Object %p to deletions list",
+        static_cast<void*>(p_o));
     return -1;
   }
   return 0;
@@ -179,7 +180,8 @@ void WorldManager::setViewPosition(Vector where) {
     x = m_boundary.getHorizontal() - m_view.getHorizontal();
   if (x < 0) x = 0;
   float y = where.getY() - m_view.getVertical() / 2;
-  if (y + m_view.getVertical() > m_boundary.getVertical()) y = m_boundary.getVertical() - m_view.getVertical();
+  if (y + m_view.getVertical() > m_boundary.getVertical())
+    y = m_boundary.getVertical() - m_view.getVertical();
   if (y < 0) y = 0;
   m_view.setCorner(Vector(x, y));
 }
@@ -202,7 +204,8 @@ int WorldManager::setViewFollowing(Object* p_o) {
 
 void WorldManager::setViewSlack(Vector slack) {
   if (!valueInRange(slack.getX(), 0, 1) || !valueInRange(slack.getY(), 0, 1))
-    LogManager::getInstance().writeLog("WorldManager::setViewSlack(): Warning! view slack units out of range [0-1]");
+    LogManager::getInstance().writeLog(
+        "WorldManager::setViewSlack(): Warning! view slack units out of range [0-1]");
   m_view_slack = slack;
 }
 

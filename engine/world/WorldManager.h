@@ -77,8 +77,8 @@ class WorldManager : public Manager {
   WorldManager();
 
   SceneGraph m_scene_graph;
-  ObjectList m_deletions;                 // deleted at the end of this update
-  Object* m_p_view_following = nullptr;   // compared only, never dereferenced in moves
+  ObjectList m_deletions;                // deleted at the end of this update
+  Object* m_p_view_following = nullptr;  // compared only, never dereferenced in moves
   Box m_boundary;
   Box m_view;
   Vector m_view_slack;

@@ -36,7 +36,8 @@ int WorldManager::moveObject(Object* p_o, Vector where) {
         Vector normal = getNormal(p_o, hard.currentObject());
         Vector perp(normal.getY(), normal.getX());
         Vector direction = p_o->getDirection();
-        Vector direction2(direction.getX() * std::fabs(perp.getX()), direction.getY() * std::fabs(perp.getY()));
+        Vector direction2(direction.getX() * std::fabs(perp.getX()),
+                          direction.getY() * std::fabs(perp.getY()));
         if (std::fabs(static_cast<double>(normal.getX())) == 1.0 &&
             std::fabs(static_cast<double>(normal.getY())) == 1.0)
           direction2.setX(-direction2.getX());  // a corner was hit

@@ -16,6 +16,4 @@ TEST(Box, DefaultsToZeroAndComparesExactly) {
   EXPECT_NE(Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f), b);
 }
 
-TEST(Box, PrintsCornerAndSides) {
-  EXPECT_EQ("(1,2) h: 3.5 v: 4", Box(Vector(1, 2), 3.5f, 4).toString());
-}
+TEST(Box, PrintsCornerAndSides) { EXPECT_EQ("(1,2) h: 3.5 v: 4", Box(Vector(1, 2), 3.5f, 4).toString()); }

@@ -126,28 +126,27 @@ TEST_F(ConfigFile, PrintOutListsTheSettingsInOrder) {
   Config& c = load("window_state:fullscreen,\nwindow_title:T,\n");
   c.print();
   auto log = ot_test::readLogMessages();
-  std::vector<std::string> expected = {
-      "-----------------------------------",
-      "Ostrel configuration:",
-      "  Window horizontal pixels: 1024",
-      "  Window vertical pixels: 768",
-      "  Window horizontal characters: 80",
-      "  Window vertical characters: 24",
-      "  Window background color: 0",
-      "  Frame time: 33",
-      "  Window style: 5",
-      "  Window state: fullscreen",
-      "  Window title: T",
-      "  Show mouse: false",
-      "  Headless: false",
-      "  Font file: ot-font.ttf",
-      "  Log file: ostrel.log",
-      "  Random seed: 0",
-      "  Networking: true",
-      "  Scene graph: grid",
-      "  Grid width: 20",
-      "  Grid height: 8",
-      "-----------------------------------"};
+  std::vector<std::string> expected = {"-----------------------------------",
+                                       "Ostrel configuration:",
+                                       "  Window horizontal pixels: 1024",
+                                       "  Window vertical pixels: 768",
+                                       "  Window horizontal characters: 80",
+                                       "  Window vertical characters: 24",
+                                       "  Window background color: 0",
+                                       "  Frame time: 33",
+                                       "  Window style: 5",
+                                       "  Window state: fullscreen",
+                                       "  Window title: T",
+                                       "  Show mouse: false",
+                                       "  Headless: false",
+                                       "  Font file: ot-font.ttf",
+                                       "  Log file: ostrel.log",
+                                       "  Random seed: 0",
+                                       "  Networking: true",
+                                       "  Scene graph: grid",
+                                       "  Grid width: 20",
+                                       "  Grid height: 8",
+                                       "-----------------------------------"};
   ASSERT_GE(log.size(), expected.size());
   std::vector<std::string> tail(log.end() - expected.size(), log.end());
   EXPECT_EQ(expected, tail);

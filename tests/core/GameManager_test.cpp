@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
 #include <csignal>
 #include <cstdlib>
-#include <unistd.h>
 
 #include "engine/core/Config.h"
 #include "engine/core/LogManager.h"
@@ -137,7 +137,8 @@ TEST_F(StartUp, ZeroSeedTakesTheTime) {
   ASSERT_EQ(0, start("headless:true,\nnetworking:false,\nrandom_seed:0,\n"));
   int seeded = 0;
   for (const std::string& line : readLogMessages())
-    if (line.rfind("GameManager()::startUp(): srand() seed with ", 0) == 0 && line != "GameManager()::startUp(): srand() seed with 0")
+    if (line.rfind("GameManager()::startUp(): srand() seed with ", 0) == 0 &&
+        line != "GameManager()::startUp(): srand() seed with 0")
       seeded++;
   EXPECT_EQ(1, seeded);
 }

@@ -48,8 +48,7 @@ TEST_F(LogFile, LineIsTimeStepAndText) {
   log().flush();
   auto lines = rawLines(ot_test::testLogPath());
   ASSERT_FALSE(lines.empty());
-  EXPECT_TRUE(std::regex_match(lines.back(), std::regex(R"(\d\d:\d\d:\d\d    0 hello 42)")))
-      << lines.back();
+  EXPECT_TRUE(std::regex_match(lines.back(), std::regex(R"(\d\d:\d\d:\d\d    0 hello 42)"))) << lines.back();
 }
 
 TEST_F(LogFile, PrefixesCanBeSwitchedOff) {

@@ -43,7 +43,7 @@ TEST(Match, RemovesAllBlanksAndToleratesMissingValues) {
   EXPECT_EQ("1", match("a : 1 , b", "a"));
   EXPECT_EQ("", match("", "b"));
   EXPECT_EQ("MyGame", match("window_title:My Game,", "window_title"));
-  EXPECT_EQ("x", match("k:x:y,", "k"));  // a second colon and what follows is ignored
+  EXPECT_EQ("x", match("k:x:y,", "k"));    // a second colon and what follows is ignored
   EXPECT_EQ("1", match("a:1,a:5,", "a"));  // the first equal key wins
 }
 

@@ -28,7 +28,6 @@ pid_t startGame(const std::string& log_path, const std::string& config) {
   return pid;
 }
 
-
 // Ends the game process, whatever became of the test.
 struct Reaper {
   pid_t pid;

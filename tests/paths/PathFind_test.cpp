@@ -72,7 +72,8 @@ TEST_F(Finding, WalledInGoalFailsWhenNothingIsLeftOpen) {
   ot::WorldManager::getInstance().setBoundary(ot::Box(Vector(0, 0), 30, 20));
   // The boundary change dropped the walls from the grid; put them back.
   ot::ObjectList walls = ot::WorldManager::getInstance().getSceneGraph().solidObjects();
-  for (int i = 0; i < walls.getCount(); i++) ot::WorldManager::getInstance().getSceneGraph().getGrid()->insertObject(walls[i]);
+  for (int i = 0; i < walls.getCount(); i++)
+    ot::WorldManager::getInstance().getSceneGraph().getGrid()->insertObject(walls[i]);
   PathFind find(p_o, Vector(2, 2), Vector(20, 10));
   EXPECT_EQ(ot::PATH_FAILED, run(find, 100000));
   EXPECT_EQ(0, find.getPath().size());
@@ -95,7 +96,9 @@ TEST_F(Finding, OutsideTheBoundaryFailsAtTheFirstCycle) {
   PathFind find(p_o, Vector(5, 5), Vector(500, 5));
   EXPECT_EQ(ot::PATH_FAILED, find.cycleOnce());
   auto log = logMessages();
-  EXPECT_TRUE(ot_test::logHas(log, "PathFind::PathFind(): Error! Both start (5.00, 5.00) and end (500.00, 5.00) must be within world boundary (80, 24)."));
+  EXPECT_TRUE(ot_test::logHas(log,
+                              "PathFind::PathFind(): Error! Both start (5.00, 5.00) and end (500.00, 5.00) "
+                              "must be within world boundary (80, 24)."));
   EXPECT_TRUE(ot_test::logHas(log, "PathFind::cycleOnce(): node graph not allocated.  Cannot find path."));
 }
 

@@ -93,7 +93,8 @@ TEST_F(AnimationTest, UnknownTransformIsLoggedAndIgnored) {
   animation.setTransform(ot::HORIZONTAL);
   animation.setTransform(static_cast<ot::Transform>(4));
   EXPECT_EQ(ot::HORIZONTAL, animation.getTransform());
-  EXPECT_TRUE(ot_test::logHas(logMessages(), "Animation::setTransform(): Error! Unknown transform 4. Ignoring."));
+  EXPECT_TRUE(
+      ot_test::logHas(logMessages(), "Animation::setTransform(): Error! Unknown transform 4. Ignoring."));
   EXPECT_EQ("sprite , frame_idx 0, slowdown_count 0, transform HORIZONTAL", animation.toString());
 }
 

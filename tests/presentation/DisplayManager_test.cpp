@@ -87,8 +87,8 @@ TEST(DisplayColor, NamedColorsMapToOpaqueChannels) {
     sf::Color sfml;
   };
   const Entry table[] = {
-      {ot::BLACK, {0, 0, 0}},     {ot::RED, {255, 0, 0}},       {ot::GREEN, {0, 255, 0}},
-      {ot::YELLOW, {255, 255, 0}}, {ot::BLUE, {0, 0, 255}},       {ot::MAGENTA, {255, 0, 255}},
+      {ot::BLACK, {0, 0, 0}},      {ot::RED, {255, 0, 0}},       {ot::GREEN, {0, 255, 0}},
+      {ot::YELLOW, {255, 255, 0}}, {ot::BLUE, {0, 0, 255}},      {ot::MAGENTA, {255, 0, 255}},
       {ot::CYAN, {0, 255, 255}},   {ot::WHITE, {255, 255, 255}},
   };
   for (const Entry& entry : table) {
@@ -161,8 +161,8 @@ TEST_F(DisplayTest, HeadlessFramesKeepTheShakeAndNegativeSeverityIsReported) {
   EXPECT_EQ(0, display.getShakeOffsetX());
   display.shake(-4, 0, 3, true);
   EXPECT_EQ(-2, display.getShakeSeverityX());
-  EXPECT_TRUE(ot_test::logHas(logMessages(),
-                              "DisplayManager::shake(): Warning! negative severity (-2, 1); that axis won't shake."));
+  EXPECT_TRUE(ot_test::logHas(
+      logMessages(), "DisplayManager::shake(): Warning! negative severity (-2, 1); that axis won't shake."));
 }
 
 }  // namespace

@@ -58,9 +58,12 @@ class DisplayWindowTest : public ot_test::HeadlessEngine {
  protected:
   std::string configText() const override {
     return "headless:false,\nnetworking:false,\nrandom_seed:1,\n"
-           "window_horizontal_pixels:" + std::to_string(horizontalPixels()) + ",\n"
+           "window_horizontal_pixels:" +
+           std::to_string(horizontalPixels()) +
+           ",\n"
            "window_vertical_pixels:480,\nwindow_horizontal_chars:80,\nwindow_vertical_chars:24,\n"
-           "font_scale:1.5,\nfont_file:" + ot_test::fontFile() + ",\n";
+           "font_scale:1.5,\nfont_file:" +
+           ot_test::fontFile() + ",\n";
   }
   int logLevel() const override { return 25; }
   virtual int horizontalPixels() const { return 640; }

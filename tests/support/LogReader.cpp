@@ -8,9 +8,7 @@
 
 namespace ot_test {
 
-std::string testLogPath() {
-  return "/tmp/ostrel-test-" + std::to_string(getpid()) + ".log";
-}
+std::string testLogPath() { return "/tmp/ostrel-test-" + std::to_string(getpid()) + ".log"; }
 
 std::vector<std::string> readLogMessages(const std::string& path) {
   static const std::regex prefix(R"(^(\d\d:\d\d:\d\d|\(time error\)) +-?\d+ )");

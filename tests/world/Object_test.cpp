@@ -102,8 +102,9 @@ TEST_F(Objects, InterestsAreLimitedAndTheirManagerChosenByLabel) {
   auto* p_o = new SpyObject;
   for (int i = 0; i < 100; i++) ASSERT_EQ(0, p_o->registerInterest("label" + std::to_string(i)));
   EXPECT_EQ(-1, p_o->registerInterest(ot::STEP_EVENT));
-  EXPECT_TRUE(logHas(logMessages(),
-                     "Object::registerInterest(): maximum (100) reached, cannot register for event 'ot-step'"));
+  EXPECT_TRUE(
+      logHas(logMessages(),
+             "Object::registerInterest(): maximum (100) reached, cannot register for event 'ot-step'"));
   for (int i = 0; i < 100; i++) ASSERT_EQ(0, p_o->unregisterInterest("label" + std::to_string(i)));
   EXPECT_EQ(0, p_o->getEventCount());
 
@@ -111,7 +112,8 @@ TEST_F(Objects, InterestsAreLimitedAndTheirManagerChosenByLabel) {
   EXPECT_EQ(-1, p_o->registerInterest(ot::OUT_EVENT));
   auto log = logMessages();
   EXPECT_TRUE(logHas(log, "WorldManager::isValid(): Event ot-collision handled automatically."));
-  EXPECT_TRUE(logHas(log, "Manager(WorldManager)::registerInterest(): Event 'ot-out' not valid for this Manager"));
+  EXPECT_TRUE(
+      logHas(log, "Manager(WorldManager)::registerInterest(): Event 'ot-out' not valid for this Manager"));
   EXPECT_EQ(-1, p_o->unregisterInterest("never"));
   EXPECT_TRUE(logHas(logMessages(), "Object::unregisterInterest(): event 'never' not previously registered"));
 }
@@ -152,11 +154,13 @@ TEST_F(Objects, TextKeepsItsSlips) {
   auto* p_o = new Object;
   p_o->setType("Rock");
   std::string id = std::to_string(p_o->getId());
-  EXPECT_EQ(id + ", Rock, (1,1), active true, visible true, [(-0.5,-0.5) h: 0.99 v: 0.99], dir (0,0), "
-                 "speed 0, accel (0,0), alt 2, hard, [ani sprite , frame_idx 0, slowdown_count 0, transform NONE], "
-                 "false, no soft 0, [shape " +
-                p_o->getShape().toString() + "], [path , follow false, avoidfalse]",
-            p_o->toString());
+  EXPECT_EQ(
+      id +
+          ", Rock, (1,1), active true, visible true, [(-0.5,-0.5) h: 0.99 v: 0.99], dir (0,0), "
+          "speed 0, accel (0,0), alt 2, hard, [ani sprite , frame_idx 0, slowdown_count 0, transform NONE], "
+          "false, no soft 0, [shape " +
+          p_o->getShape().toString() + "], [path , follow false, avoidfalse]",
+      p_o->toString());
 }
 
 TEST_F(Objects, FollowingSnapsToNodesWithinThreeQuartersOfAStep) {

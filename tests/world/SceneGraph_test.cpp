@@ -89,7 +89,8 @@ TEST_F(Scene, HardToSoftTouchesNothingButSpectralLeavesTheSolidWorld) {
   EXPECT_EQ(0, p_o->setSolidness(ot::HARD));
   EXPECT_EQ(p_o, last(scene().solidObjects()));
   EXPECT_EQ(-1, p_o->setSolidness(static_cast<ot::Solidness>(7)));
-  EXPECT_TRUE(logHas(logMessages(), "Object::setSolidness(): Solidness 7 not one of HARD, SOFT or SPECTRAL."));
+  EXPECT_TRUE(
+      logHas(logMessages(), "Object::setSolidness(): Solidness 7 not one of HARD, SOFT or SPECTRAL."));
 }
 
 TEST_F(Scene, TypeChangeMovesBetweenEntriesWhichAreNeverErased) {
@@ -127,8 +128,9 @@ TEST_F(Scene, RemovingAnUnknownObjectLogsWithItsPointer) {
   ot::WorldManager::getInstance().setBoundary(ot::Box(Vector(0, 0), 50, 20));
   // The boundary change emptied the type map, so removal from it fails.
   char expected[160];
-  snprintf(expected, sizeof(expected), "SceneGraph::removeObject(): Error removing Object (id %d)! Pointer is %p.",
-           p_o->getId(), static_cast<void*>(p_o));
+  snprintf(expected, sizeof(expected),
+           "SceneGraph::removeObject(): Error removing Object (id %d)! Pointer is %p.", p_o->getId(),
+           static_cast<void*>(p_o));
   EXPECT_EQ(-1, scene().removeObject(p_o));
   EXPECT_TRUE(logHas(logMessages(), expected));
   scene().insertObject(p_o);  // back, so that its deletion is clean

@@ -42,7 +42,9 @@ std::string describe(const Outcome& o) {
   return std::string(kinds[o.mover]) + (o.no_soft ? "NoSoft" : "") + "Onto" + kinds[o.other];
 }
 
-std::string outcomeName(const ::testing::TestParamInfo<Outcome>& param_info) { return describe(param_info.param); }
+std::string outcomeName(const ::testing::TestParamInfo<Outcome>& param_info) {
+  return describe(param_info.param);
+}
 
 void PrintTo(const Outcome& o, std::ostream* p_out) { *p_out << describe(o); }
 
@@ -62,17 +64,16 @@ TEST_P(MoveOutcomes, FollowTheTableOfKinds) {
 
 INSTANTIATE_TEST_SUITE_P(
     Table, MoveOutcomes,
-    ::testing::Values(Outcome{ot::HARD, false, ot::HARD, true, false}, Outcome{ot::HARD, false, ot::SOFT, true, true},
-                      Outcome{ot::HARD, false, ot::SPECTRAL, false, true},
-                      Outcome{ot::HARD, true, ot::HARD, true, false}, Outcome{ot::HARD, true, ot::SOFT, true, false},
-                      Outcome{ot::HARD, true, ot::SPECTRAL, false, true},
-                      Outcome{ot::SOFT, false, ot::HARD, true, true}, Outcome{ot::SOFT, false, ot::SOFT, true, true},
-                      Outcome{ot::SOFT, false, ot::SPECTRAL, false, true},
-                      Outcome{ot::SOFT, true, ot::HARD, true, true}, Outcome{ot::SOFT, true, ot::SOFT, true, false},
-                      Outcome{ot::SOFT, true, ot::SPECTRAL, false, true},
-                      Outcome{ot::SPECTRAL, false, ot::HARD, false, true},
-                      Outcome{ot::SPECTRAL, false, ot::SOFT, false, true},
-                      Outcome{ot::SPECTRAL, true, ot::SOFT, false, true}),
+    ::testing::Values(
+        Outcome{ot::HARD, false, ot::HARD, true, false}, Outcome{ot::HARD, false, ot::SOFT, true, true},
+        Outcome{ot::HARD, false, ot::SPECTRAL, false, true}, Outcome{ot::HARD, true, ot::HARD, true, false},
+        Outcome{ot::HARD, true, ot::SOFT, true, false}, Outcome{ot::HARD, true, ot::SPECTRAL, false, true},
+        Outcome{ot::SOFT, false, ot::HARD, true, true}, Outcome{ot::SOFT, false, ot::SOFT, true, true},
+        Outcome{ot::SOFT, false, ot::SPECTRAL, false, true}, Outcome{ot::SOFT, true, ot::HARD, true, true},
+        Outcome{ot::SOFT, true, ot::SOFT, true, false}, Outcome{ot::SOFT, true, ot::SPECTRAL, false, true},
+        Outcome{ot::SPECTRAL, false, ot::HARD, false, true},
+        Outcome{ot::SPECTRAL, false, ot::SOFT, false, true},
+        Outcome{ot::SPECTRAL, true, ot::SOFT, false, true}),
     outcomeName);
 
 TEST_F(Moving, MoverHearsFirstAndEveryColliderHearsEvenAfterABlock) {
@@ -131,8 +132,8 @@ TEST_F(Moving, CornerStopsASlidingMoverSilently) {
   EXPECT_EQ(-1, world().moveObject(p_mover, p_mover->predictPosition()));
   EXPECT_EQ(Vector(11, 11), p_mover->getPosition());
   EXPECT_EQ(0, p_mover->count(ot::COLLISION_EVENT));
-  EXPECT_TRUE(ot_test::logHas(logMessages(),
-                              "WorldManager::moveObject(): Double collision. Object (avoid obstacles) cannot move."));
+  EXPECT_TRUE(ot_test::logHas(
+      logMessages(), "WorldManager::moveObject(): Double collision. Object (avoid obstacles) cannot move."));
 }
 
 TEST_F(Moving, SlidingIgnoresSoftObstacles) {

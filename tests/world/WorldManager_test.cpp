@@ -54,7 +54,9 @@ TEST_F(World, MarkedInAStepHandlerIsGoneBeforeTheDraw) {
   int deleted = 0;
   auto* p_o = new Drawn(&deleted);
   p_o->registerInterest(ot::STEP_EVENT);
-  p_o->on_event = [](SpyObject& self, const ot::Event*) { ot::WorldManager::getInstance().markForDelete(&self); };
+  p_o->on_event = [](SpyObject& self, const ot::Event*) {
+    ot::WorldManager::getInstance().markForDelete(&self);
+  };
   ot_test::runFrames(1);
   EXPECT_EQ(1, deleted);
 }
@@ -150,7 +152,8 @@ TEST_F(World, ViewStaysInsideTheBoundary) {
 TEST_F(World, SlackOutOfRangeWarnsButIsKept) {
   world().setViewSlack(Vector(1.5f, 0.5f));
   EXPECT_EQ(Vector(1.5f, 0.5f), world().getViewSlack());
-  EXPECT_TRUE(logHas(logMessages(), "WorldManager::setViewSlack(): Warning! view slack units out of range [0-1]"));
+  EXPECT_TRUE(
+      logHas(logMessages(), "WorldManager::setViewSlack(): Warning! view slack units out of range [0-1]"));
 }
 
 TEST_F(World, InputAndAutomaticLabelsAreRefused) {
@@ -166,7 +169,8 @@ TEST_F(World, ObjectsMadeBeforeTheStartStayOutside) {
   world().shutDown();
   auto* p_o = new SpyObject;
   auto log = logMessages();
-  EXPECT_TRUE(logHas(log, "WorldManager::insertObject(): Warning! Not adding Object " + std::to_string(p_o->getId())));
+  EXPECT_TRUE(logHas(
+      log, "WorldManager::insertObject(): Warning! Not adding Object " + std::to_string(p_o->getId())));
   EXPECT_TRUE(logHas(log, "                              because WorldManager not started."));
   delete p_o;
   world().startUp();

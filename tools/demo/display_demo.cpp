@@ -44,7 +44,8 @@ void drawColors(DisplayManager& display) {
   for (int c = ot::BLACK; c <= ot::WHITE; c++) {
     // Black on black shows only on another background: the cell's rectangle takes it.
     if (c == ot::BLACK) display.setBackgroundColor(ot::WHITE);
-    display.drawString(Vector(4, static_cast<float>(5 + c)), names[c], ot::LEFT_JUSTIFIED, static_cast<ot::Color>(c));
+    display.drawString(Vector(4, static_cast<float>(5 + c)), names[c], ot::LEFT_JUSTIFIED,
+                       static_cast<ot::Color>(c));
     if (c == ot::BLACK) display.setBackgroundColor(ot::BLACK);
   }
 }

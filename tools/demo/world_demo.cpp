@@ -82,7 +82,8 @@ int main(int argc, char** argv) {
   ot::Config& config = ot::Config::getInstance();
   config.setNetworking(false);
   config.setFrameTime(20);
-  if (!std::ifstream("ot-font.ttf").good()) config.setFontFile("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
+  if (!std::ifstream("ot-font.ttf").good())
+    config.setFontFile("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
   ot::GameManager& game = ot::GameManager::getInstance();
   if (game.startUp() != 0) {
     std::fprintf(stderr, "world demo: the engine didn't start (see ostrel.log)\n");

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Builds and runs every test: the formatting check, then the Debug build and
+# the AddressSanitizer+UndefinedBehaviorSanitizer build, each under ctest.
+# The windowed tests run in a private X server (xvfb-run) that ctest starts.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash tools/install-deps.sh
+
+echo "== formatting"
+mapfile -t sources < <(git ls-files -- 'engine/*.cpp' 'engine/*.h' 'game/*.cpp' 'game/*.h' 'tests/*.cpp' \
+                                        'tests/*.h' 'bench/*.cpp' 'bench/*.h' 'tools/*.cpp' 'tools/*.h')
+clang-format --dry-run -Werror "${sources[@]}"
+
+run() {
+  local dir=$1
+  shift
+  echo "== $dir"
+  cmake -S . -B "$dir" -DCMAKE_BUILD_TYPE=Debug "$@" >/dev/null
+  cmake --build "$dir" -j2
+  (cd "$dir" && ctest -j2 --output-on-failure)
+}
+
+run build-debug
+export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+export ASAN_OPTIONS=detect_leaks=1
+run build-asan -DOSTREL_SANITIZE=ON -DOSTREL_DEMOS=OFF
