@@ -1,11 +1,13 @@
 #pragma once
 
 // The engine's small enumerations. Their numbers appear in config files,
-// sprite files and serialized objects, so they never change.
+// sprite files and serialized objects, so they never change. Each has int as
+// its type, so that any number read from outside is a value it can hold and
+// be refused as unknown.
 
 namespace ot {
 
-enum Color {
+enum Color : int {
   UNDEFINED_COLOR = -1,
   BLACK = 0,
   RED,
@@ -18,14 +20,14 @@ enum Color {
   CUSTOM,  // r, g and b are given separately
 };
 
-enum Solidness {
+enum Solidness : int {
   HARD = 0,  // collides and blocks
   SOFT,      // collides, doesn't block
   SPECTRAL,  // no collisions at all
 };
 
 // How an animation mirrors its frames.
-enum Transform {
+enum Transform : int {
   NONE = 0,
   VERTICAL,
   HORIZONTAL,
@@ -33,7 +35,7 @@ enum Transform {
 };
 
 // Where a HUD item stands in the view.
-enum Location {
+enum Location : int {
   TOP_LEFT = 0,
   TOP_CENTER,
   TOP_RIGHT,
@@ -46,7 +48,7 @@ enum Location {
 };
 
 // What a network event reports.
-enum NetworkEventLabel {
+enum NetworkEventLabel : int {
   UNDEFINED = -1,
   ACCEPT = 0,
   CONNECT,
