@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "engine/core/LogManager.h"
+#include "engine/core/Utility.h"
 #include "tests/support/LogReader.h"
 
 using ot::Config;
@@ -23,6 +24,8 @@ class ConfigFile : public ::testing::Test {
     ot::LogManager::getInstance().setLogLevel(1);
     ot::LogManager::getInstance().setFlush(true);
     Config::getInstance().reset();
+    // An empty text searches the last parse: start from an empty one.
+    ot::match(" ", "");
   }
   void TearDown() override {
     ot::LogManager::getInstance().setLogLevel(0);

@@ -159,16 +159,6 @@ TEST_F(StartUp, FailedDisplayIsStoppedCleanly) {
   EXPECT_FALSE(GameManager::getInstance().isStarted());
 }
 
-TEST_F(StartUp, UnwritableLogFailsTheStart) {
-  setenv("OSTREL_LOG", "/nonexistent-dir/x.log", 1);
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(-1, start("headless:true,\n"));
-  GameManager::getInstance().shutDown();
-  std::string err = testing::internal::GetCapturedStderr();
-  EXPECT_NE(std::string::npos, err.find("GameManager::startUp(): Error! Starting log manager."));
-  EXPECT_NE(std::string::npos, err.find("** Game engine stopped **"));
-}
-
 TEST_F(Frames, StepCountRisesOncePerFrameAndEachFrameSleepsTheRest) {
   auto* p_spy = new ot_test::SpyObject;
   p_spy->registerInterest(ot::STEP_EVENT);
