@@ -35,6 +35,17 @@ bool isNetworkObjectLabel(const std::string& label) {
          label == NETWORK_SYNC_EVENT;
 }
 
+// The manager that delivers a label. Removal routes the network's object
+// labels to the world, which has no row for them, so such an interest can't be
+// removed: kept as it stands.
+Manager& managerFor(const std::string& label, bool registering) {
+  if (isInputLabel(label)) return InputManager::getInstance();
+  if (label == STEP_EVENT) return GameManager::getInstance();
+  if (isNetworkLabel(label) || (registering && isNetworkObjectLabel(label)))
+    return NetworkManager::getInstance();
+  return WorldManager::getInstance();
+}
+
 }  // namespace
 
 Object::Object() : m_id(g_next_id++) {
@@ -221,14 +232,7 @@ int Object::registerInterest(std::string event_type) {
         event_type.c_str());
     return -1;
   }
-  Manager* p_manager = &WorldManager::getInstance();
-  if (isInputLabel(event_type))
-    p_manager = &InputManager::getInstance();
-  else if (event_type == STEP_EVENT)
-    p_manager = &GameManager::getInstance();
-  else if (isNetworkLabel(event_type) || isNetworkObjectLabel(event_type))
-    p_manager = &NetworkManager::getInstance();
-  if (p_manager->registerInterest(this, event_type) == -1) return -1;
+  if (managerFor(event_type, true).registerInterest(this, event_type) == -1) return -1;
   // A repeated registration is stored a second time here; kept so.
   m_event_name[m_event_count++] = event_type;
   m_modified |= EVENTS;
@@ -243,16 +247,7 @@ int Object::unregisterInterest(std::string event_type) {
                                        event_type.c_str());
     return -1;
   }
-  // The network's object labels go to the world, which has no row for them:
-  // such an interest can't be removed. Kept as it stands.
-  Manager* p_manager = &WorldManager::getInstance();
-  if (isInputLabel(event_type))
-    p_manager = &InputManager::getInstance();
-  else if (event_type == STEP_EVENT)
-    p_manager = &GameManager::getInstance();
-  else if (isNetworkLabel(event_type))
-    p_manager = &NetworkManager::getInstance();
-  if (p_manager->unregisterInterest(this, event_type) == -1) return -1;
+  if (managerFor(event_type, false).unregisterInterest(this, event_type) == -1) return -1;
   for (int i = found; i < m_event_count - 1; i++) m_event_name[i] = m_event_name[i + 1];
   m_event_count--;
   m_modified |= EVENTS;
