@@ -48,7 +48,8 @@ TEST_F(LogFile, LineIsTimeStepAndText) {
   log().flush();
   auto lines = rawLines(ot_test::testLogPath());
   ASSERT_FALSE(lines.empty());
-  EXPECT_TRUE(std::regex_match(lines.back(), std::regex(R"(\d\d:\d\d:\d\d [ \d]{3}\d hello 42)"))) << lines.back();
+  EXPECT_TRUE(std::regex_match(lines.back(), std::regex(R"(\d\d:\d\d:\d\d [ \d]{3}\d hello 42)")))
+      << lines.back();
   log().setLogTimeString(false);
   log().writeLog("no time");
   log().setLogStepCount(false);

@@ -26,16 +26,16 @@ ot::Shape shapeOf(int i) { return ofType("Particle")[i]->getShape(); }
 // count plain particles at (10, 10), only colour and opacity spread.
 int plainBurst(int count, int count_spread, unsigned char r, unsigned char g, unsigned char b,
                unsigned char color_spread = 0, unsigned char opacity_spread = 0) {
-  return ot::addParticles(count, count_spread, ot::Vector(10, 10), 0.0f, ot::Vector(1, 0), 0.0f, 1.0f, 0.0f, 0.1f, 0.0f,
-                          10, 0, 200, opacity_spread, r, g, b, color_spread, ot::PARTICLE);
+  return ot::addParticles(count, count_spread, ot::Vector(10, 10), 0.0f, ot::Vector(1, 0), 0.0f, 1.0f, 0.0f,
+                          0.1f, 0.0f, 10, 0, 200, opacity_spread, r, g, b, color_spread, ot::PARTICLE);
 }
 
 TEST_F(ParticlesTest, CountAloneDecidesHowManyAndZeroDrawsNothing) {
   srand(4);
   int next = rand();
   srand(4);
-  EXPECT_EQ(0, ot::addParticles(0, 50, ot::Vector(), 1.0f, ot::Vector(), 1.0f, 1.0f, 1.0f, 1.0f, 1.0f, 10, 5, 200, 50,
-                                1, 1, 1, 50, ot::PARTICLE));
+  EXPECT_EQ(0, ot::addParticles(0, 50, ot::Vector(), 1.0f, ot::Vector(), 1.0f, 1.0f, 1.0f, 1.0f, 1.0f, 10, 5,
+                                200, 50, 1, 1, 1, 50, ot::PARTICLE));
   EXPECT_EQ(0, plainBurst(-3, 0, 1, 1, 1));
   EXPECT_EQ(next, rand());
   EXPECT_EQ(0, plainBurst(3, 100, 1, 1, 1));
@@ -58,8 +58,8 @@ TEST_F(ParticlesTest, DrawsInTheFixedOrder) {
   float py = 5.0f + replayUniform(3.0f);
 
   srand(2024);
-  ASSERT_EQ(0, ot::addParticles(1, 9, ot::Vector(10, 5), 3.0f, ot::Vector(0.6f, -0.8f), 0.5f, 2.0f, 1.0f, 0.5f, 0.2f,
-                                30, 10, 200, 40, 100, 0, 50, 60, ot::PARTICLE));
+  ASSERT_EQ(0, ot::addParticles(1, 9, ot::Vector(10, 5), 3.0f, ot::Vector(0.6f, -0.8f), 0.5f, 2.0f, 1.0f,
+                                0.5f, 0.2f, 30, 10, 200, 40, 100, 0, 50, 60, ot::PARTICLE));
   auto* p = static_cast<ot::Particle*>(ofType("Particle")[0]);
   EXPECT_EQ(opacity, p->getShape().getOpacity());
   EXPECT_EQ(age, p->getAge());
@@ -79,8 +79,8 @@ TEST_F(ParticlesTest, ZeroDirectionBurstsEverywhereIgnoringItsSpread) {
   v.scale(0.5f);
   float x = 10.0f + replayUniform(2.0f);  // the position's draws come next
   srand(77);
-  ot::addParticles(1, 0, ot::Vector(10, 10), 2.0f, ot::Vector(), 5.0f, 1.0f, 0.0f, 0.5f, 0.0f, 10, 0, 255, 0, 1, 1, 1,
-                   0, ot::PARTICLE);
+  ot::addParticles(1, 0, ot::Vector(10, 10), 2.0f, ot::Vector(), 5.0f, 1.0f, 0.0f, 0.5f, 0.0f, 10, 0, 255, 0,
+                   1, 1, 1, 0, ot::PARTICLE);
   ot::Object* p = ofType("Particle")[0];
   EXPECT_NEAR(v.getX(), p->getVelocity().getX(), 1e-6f);
   EXPECT_NEAR(v.getY(), p->getVelocity().getY(), 1e-6f);
@@ -127,8 +127,8 @@ TEST_F(ParticlesTest, SparksAreOrangeUnlessANamedColourIsGiven) {
 
 TEST_F(ParticlesTest, UnknownKindsAreRefused) {
   EXPECT_EQ(-1, ot::addParticles(static_cast<ot::ParticleType>(4), ot::Vector(), 1.0f, ot::CUSTOM));
-  EXPECT_EQ(-1, ot::addParticles(1, 0, ot::Vector(), 0, ot::Vector(1, 0), 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 1, 1, 0,
-                                 static_cast<ot::ParticleClass>(5)));
+  EXPECT_EQ(-1, ot::addParticles(1, 0, ot::Vector(), 0, ot::Vector(1, 0), 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 1, 1,
+                                 0, static_cast<ot::ParticleClass>(5)));
   EXPECT_TRUE(ot_test::logHas(logMessages(), "addParticles(): Type 5 not defined."));
   EXPECT_EQ(0, ofType("Particle").getCount());
 }
@@ -182,7 +182,8 @@ std::map<std::pair<float, float>, char> picture() {
   std::map<std::pair<float, float>, char> chars;
   ot::ObjectList all = ofType("Debris");
   for (int i = 0; i < all.getCount(); i++)
-    chars[{all[i]->getPosition().getX(), all[i]->getPosition().getY()}] = static_cast<ot::Debris*>(all[i])->getCh();
+    chars[{all[i]->getPosition().getX(), all[i]->getPosition().getY()}] =
+        static_cast<ot::Debris*>(all[i])->getCh();
   return chars;
 }
 

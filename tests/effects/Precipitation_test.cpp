@@ -57,7 +57,8 @@ TEST_F(PrecipitationTest, OutEventReentersBeyondTheFarEdge) {
   ot::EventOut out;
   EXPECT_EQ(-1, lost->eventHandler(&out));
   EXPECT_EQ(before, lost->getPosition());
-  EXPECT_TRUE(ot_test::logHas(logMessages(), "Precipitation::eventHandler(): warning! Direction 7 not supported."));
+  EXPECT_TRUE(
+      ot_test::logHas(logMessages(), "Precipitation::eventHandler(): warning! Direction 7 not supported."));
 }
 
 TEST_F(PrecipitationTest, WobbleDriftsAtMostAQuarterOfTheFirstSpeed) {

@@ -80,7 +80,9 @@ class InputWindowTest : public ot_test::HeadlessEngine {
   }
 
   void runFramesUntil(std::function<bool()> done) { runFrames(MAX_WAIT_FRAMES, std::move(done)); }
-  void runMoreFrames(int n) { runFrames(n, [] { return false; }); }
+  void runMoreFrames(int n) {
+    runFrames(n, [] { return false; });
+  }
 
   // Frames of the matching inputs, in order of arrival.
   std::vector<int> framesOf(const std::string& label, int action, int code) const {
@@ -101,7 +103,8 @@ class InputWindowTest : public ot_test::HeadlessEngine {
   int indexIn(int frame, const std::string& label, int action, int code) const {
     for (size_t i = 0; i < m_inputs.size(); i++) {
       const Input& in = m_inputs[i];
-      if (in.frame == frame && in.label == label && in.action == action && in.code == code) return static_cast<int>(i);
+      if (in.frame == frame && in.label == label && in.action == action && in.code == code)
+        return static_cast<int>(i);
     }
     return -1;
   }
@@ -116,7 +119,8 @@ class InputWindowTest : public ot_test::HeadlessEngine {
       if (--m_run_left <= 0 || m_done()) ot::GameManager::getInstance().setGameOver(true);
     } else if (p_e->getType() == ot::KEYBOARD_EVENT) {
       auto* p_key = static_cast<const ot::EventKeyboard*>(p_e);
-      m_inputs.push_back({m_frame, ot::KEYBOARD_EVENT, p_key->getKeyboardAction(), p_key->getKey(), Vector()});
+      m_inputs.push_back(
+          {m_frame, ot::KEYBOARD_EVENT, p_key->getKeyboardAction(), p_key->getKey(), Vector()});
     } else if (p_e->getType() == ot::MOUSE_EVENT) {
       auto* p_mouse = static_cast<const ot::EventMouse*>(p_e);
       m_inputs.push_back({m_frame, ot::MOUSE_EVENT, p_mouse->getMouseAction(), p_mouse->getMouseButton(),
@@ -166,7 +170,8 @@ TEST_F(InputWindowTest, F11IsNeverDownAndHyphenHasNoCode) {
   EXPECT_EQ(0, count(kb, ot::KEY_DOWN, K::F11));
   EXPECT_EQ(1, count(kb, ot::KEY_PRESSED, -1));
   EXPECT_EQ(0, count(kb, ot::KEY_DOWN, K::MINUS));
-  EXPECT_EQ(2, ot_test::logCount(logMessages(), "InputManager::toEventKeyboard(): Warning key 'Hyphen' not handled."));
+  EXPECT_EQ(2, ot_test::logCount(logMessages(),
+                                 "InputManager::toEventKeyboard(): Warning key 'Hyphen' not handled."));
 }
 
 TEST_F(InputWindowTest, HeldButtonClicksOnceAndIsPressedEveryFrame) {

@@ -23,7 +23,8 @@ const char* const NOT_LOADED = "RM::loadSprite(): Sprite 's' NOT loaded.";
 // A header, a one-row frame per line of rows, and a footer.
 std::string robust(const std::string& header, const std::string& body,
                    const std::string& footer = "version 1\n") {
-  return "<HEADER>\n" + header + "</HEADER>\n<BODY>\n" + body + "</BODY>\n<FOOTER>\n" + footer + "</FOOTER>\n";
+  return "<HEADER>\n" + header + "</HEADER>\n<BODY>\n" + body + "</BODY>\n<FOOTER>\n" + footer +
+         "</FOOTER>\n";
 }
 
 class SpriteFile : public ot_test::HeadlessEngine {
@@ -69,7 +70,8 @@ TEST_F(SpriteFile, UnknownFirstLineIsRefused) {
 TEST_F(SpriteFile, ExamplesForGameMakersLoad) {
   // This file's own path leads to the examples when the environment doesn't.
   const char* source_dir = std::getenv("OSTREL_SOURCE_DIR");
-  std::string root = source_dir ? source_dir : std::string(__FILE__).substr(0, std::string(__FILE__).rfind("/tests/"));
+  std::string root =
+      source_dir ? source_dir : std::string(__FILE__).substr(0, std::string(__FILE__).rfind("/tests/"));
   const std::string examples = root + "/sprites/examples/";
   ASSERT_EQ(0, rm().loadSprite(examples + "coin-simple.txt", "simple"));
   ASSERT_EQ(0, rm().loadSprite(examples + "coin-robust.txt", "robust"));
@@ -82,8 +84,8 @@ TEST_F(SpriteFile, ExamplesForGameMakersLoad) {
 
 TEST_F(SimpleSpriteFile, LoadsEveryFrameInItsColour) {
   ASSERT_EQ(0, load("2\n3\n2\n4\ncyan\no.o\n.-.\nO.O\n.o.\n"));
-  EXPECT_TRUE(logEndsWith({"RM::loadSprite(): Sprite 's' frames:", "\tFrame 1:", "\to.o", "\t.-.", "\tFrame 2:",
-                           "\tO.O", "\t.o.", "RM::loadSprite(): Sprite 's' loaded."}));
+  EXPECT_TRUE(logEndsWith({"RM::loadSprite(): Sprite 's' frames:", "\tFrame 1:", "\to.o", "\t.-.",
+                           "\tFrame 2:", "\tO.O", "\t.o.", "RM::loadSprite(): Sprite 's' loaded."}));
   ot::Sprite* p_sprite = rm().getSprite("s");
   ASSERT_NE(nullptr, p_sprite);
   EXPECT_EQ(2, p_sprite->getFrameCount());
@@ -123,11 +125,14 @@ TEST_F(SimpleSpriteFile, HeaderLinesAreCheckedInTurn) {
       {"1\n3\n1\n-1\nred\n", {"RM::loadSimpleSprite(): Error line 4! Slowdown is '-1'."}},
       {"1\n3\n1\n0\nRed\nabc\n",
        {"RM::loadSimpleSprite(): Error line 5! Unrecognized color 'Red'.",
-        "  Valid colors are: black, red, green, yellow,", "                    blue, magenta, cyan or white."}},
+        "  Valid colors are: black, red, green, yellow,",
+        "                    blue, magenta, cyan or white."}},
       {"1\n\n", {"RM::loadSimpleSprite(): Error! Unexpected end of file.", "\tMissing width (an integer)."}},
-      {"1\n3\n1\n0\n", {"RM::loadSimpleSprite(): Error! Unexpected end of file.", "\tMissing color (a string)."}},
-      {"1\n3\n1", {"getLine(): Error! Unexpected end of file.",
-                   "RM::loadSimpleSprite(): Error! Unexpected end of file.", "\tMissing slowdown (an integer)."}},
+      {"1\n3\n1\n0\n",
+       {"RM::loadSimpleSprite(): Error! Unexpected end of file.", "\tMissing color (a string)."}},
+      {"1\n3\n1",
+       {"getLine(): Error! Unexpected end of file.", "RM::loadSimpleSprite(): Error! Unexpected end of file.",
+        "\tMissing slowdown (an integer)."}},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text);
@@ -151,8 +156,8 @@ TEST_F(SimpleSpriteFile, ZeroFramesIsCaughtByTheReaderItself) {
 
 TEST_F(SimpleSpriteFile, RowsAreCheckedForLength) {
   EXPECT_EQ(-1, load("2\n3\n1\n0\nred\nabc\nabcd\n"));
-  EXPECT_TRUE(logEndsWith(
-      {"RM::loadSimpleSprite(): Error line 7!", "\tLine  7: 'abcd'", "\tWidth is 4, expected 3.", NOT_LOADED}));
+  EXPECT_TRUE(logEndsWith({"RM::loadSimpleSprite(): Error line 7!", "\tLine  7: 'abcd'",
+                           "\tWidth is 4, expected 3.", NOT_LOADED}));
   // A blank row reads as the end of the file.
   EXPECT_EQ(-1, load("2\n3\n2\n0\nred\nabc\nabc\n\nabc\n"));
   EXPECT_TRUE(logEndsWith({"RM::loadSimpleSprite(): Error! Unexpected end of file.",
@@ -196,10 +201,11 @@ TEST_F(RobustSpriteFile, OptionalKeysHaveDefaults) {
 }
 
 TEST_F(RobustSpriteFile, KeysMatchByPrefixAndTheLastWins) {
-  ASSERT_EQ(0, load(robust("frames 1\nwidth 3\nheight 1\ncolor red\ncolour green\ntransparency \" \"\ncolor blue\n"
-                           "slowdown 2\nslowdown 5\n",
-                           "a a\nend\n", "version 2\nauthor me\n") +
-                    "anything after the footer\n\n"));
+  ASSERT_EQ(
+      0, load(robust("frames 1\nwidth 3\nheight 1\ncolor red\ncolour green\ntransparency \" \"\ncolor blue\n"
+                     "slowdown 2\nslowdown 5\n",
+                     "a a\nend\n", "version 2\nauthor me\n") +
+              "anything after the footer\n\n"));
   ot::Sprite* p_sprite = rm().getSprite("s");
   EXPECT_EQ(ot::BLUE, p_sprite->getColor());
   EXPECT_EQ(5, p_sprite->getSlowdown());
@@ -234,8 +240,9 @@ TEST_F(RobustSpriteFile, FrameErrorsReckonLinesFromTheBodyStart) {
   const std::string header = "frames 3\nwidth 3\nheight 1\n";  // the body starts on line 6
   // The bad row stands on line 11; the reckoning leaves out the "end" lines.
   EXPECT_EQ(-1, load(robust(header, "abc\nend\nabc\nend\nabcd\nend\n")));
-  EXPECT_TRUE(logEndsWith({"\tLine 10: 'abcd'", "\tError! Line 10: Line length is 4 (frame width is 3).",
-                           "\tLine 10: 'abcd'", "RM::loadRobustSprite(): Error! No frame data to add.", NOT_LOADED}));
+  EXPECT_TRUE(
+      logEndsWith({"\tLine 10: 'abcd'", "\tError! Line 10: Line length is 4 (frame width is 3).",
+                   "\tLine 10: 'abcd'", "RM::loadRobustSprite(): Error! No frame data to add.", NOT_LOADED}));
   // A missing "end" is reported at the closing tag, line 9.
   EXPECT_EQ(-1, load(robust("frames 1\nwidth 3\nheight 1\n", "abc\nxyz\n")));
   EXPECT_TRUE(logEndsWith({"\tError! Line 9: Expected 'end'.", "\tLine 9: 'xyz'",
@@ -247,8 +254,8 @@ TEST_F(RobustSpriteFile, FrameErrorsReckonLinesFromTheBodyStart) {
 
 TEST_F(RobustSpriteFile, MoreFramesThanTheHeaderSaysIsAnError) {
   EXPECT_EQ(-1, load(robust("frames 2\nwidth 3\nheight 1\n", "abc\nend\nabc\nend\nxyz\nend\n")));
-  EXPECT_TRUE(
-      logEndsWith({"RM::loadRobustSprite(): Error! Extra BODY:", "\tLine 13: xyz", "\tLine 14: end", NOT_LOADED}));
+  EXPECT_TRUE(logEndsWith(
+      {"RM::loadRobustSprite(): Error! Extra BODY:", "\tLine 13: xyz", "\tLine 14: end", NOT_LOADED}));
 }
 
 TEST_F(RobustSpriteFile, SectionsMustBeWhole) {
@@ -259,7 +266,8 @@ TEST_F(RobustSpriteFile, SectionsMustBeWhole) {
   EXPECT_EQ(-1, load("<HEADER>\nframes 1\nwidth 3\nheight 1\n</HEADER>\n<BODY>\nabc\nend\n</BODY>\n"));
   EXPECT_TRUE(logEndsWith({"readData(): Error line 10! Expected '<FOOTER>', have ''.", NOT_LOADED}));
   EXPECT_EQ(-1, load(robust("frames 1\nwidth 3\nheight 1\n", "abc\nend\n", "author me\n")));
-  EXPECT_TRUE(logEndsWith({"RM::loadRobustSprite(): Error! Missing 'version' in FOOTER (line 12).", NOT_LOADED}));
+  EXPECT_TRUE(
+      logEndsWith({"RM::loadRobustSprite(): Error! Missing 'version' in FOOTER (line 12).", NOT_LOADED}));
   EXPECT_EQ(nullptr, rm().getSprite("s"));
 }
 

@@ -38,10 +38,14 @@ TEST_F(ViewObjectTest, LocationsFollowViewWithAndWithoutBorder) {
   };
   const float w = 80, h = 24;
   const Place places[] = {
-      {ot::TOP_LEFT, w * 1 / 6, 1, 0},          {ot::TOP_CENTER, w * 3 / 6, 1, 0},
-      {ot::TOP_RIGHT, w * 5 / 6, 1, 0},         {ot::CENTER_LEFT, w * 1 / 6, 12, 11},
-      {ot::CENTER_CENTER, w / 2, 12, 11},       {ot::CENTER_RIGHT, w * 5 / 6, 12, 11},
-      {ot::BOTTOM_LEFT, w * 1 / 6, h - 2, h - 1}, {ot::BOTTOM_CENTER, w * 3 / 6, h - 2, h - 1},
+      {ot::TOP_LEFT, w * 1 / 6, 1, 0},
+      {ot::TOP_CENTER, w * 3 / 6, 1, 0},
+      {ot::TOP_RIGHT, w * 5 / 6, 1, 0},
+      {ot::CENTER_LEFT, w * 1 / 6, 12, 11},
+      {ot::CENTER_CENTER, w / 2, 12, 11},
+      {ot::CENTER_RIGHT, w * 5 / 6, 12, 11},
+      {ot::BOTTOM_LEFT, w * 1 / 6, h - 2, h - 1},
+      {ot::BOTTOM_CENTER, w * 3 / 6, h - 2, h - 1},
       {ot::BOTTOM_RIGHT, w * 5 / 6, h - 2, h - 1},
   };
   auto* p_framed = new ViewObject;
@@ -93,8 +97,10 @@ TEST_F(ViewObjectTest, LocationOutOfRangeRefusedWithWarning) {
   EXPECT_EQ(ot::BOTTOM_RIGHT, p_item->getLocation());
   EXPECT_EQ(before, p_item->getPosition());
   auto messages = logMessages();
-  EXPECT_TRUE(ot_test::logHas(messages, "ViewObject::setLocation(): Warning! Location out of range (9). Ignored."));
-  EXPECT_TRUE(ot_test::logHas(messages, "ViewObject::setLocation(): Warning! Location out of range (-1). Ignored."));
+  EXPECT_TRUE(
+      ot_test::logHas(messages, "ViewObject::setLocation(): Warning! Location out of range (9). Ignored."));
+  EXPECT_TRUE(
+      ot_test::logHas(messages, "ViewObject::setLocation(): Warning! Location out of range (-1). Ignored."));
 }
 
 TEST_F(ViewObjectTest, ResizedViewLeavesItemsWhereTheyAre) {
@@ -160,9 +166,11 @@ TEST_F(ViewObjectTest, ToStringAddsViewFields) {
   p_item->setBorder(false);
   p_item->setColor(ot::RED);
   p_item->setLocation(ot::BOTTOM_LEFT);
-  EXPECT_EQ(p_item->Object::toString() + ", Gold, 5, value true, border false, Red, bot-left", p_item->toString());
+  EXPECT_EQ(p_item->Object::toString() + ", Gold, 5, value true, border false, Red, bot-left",
+            p_item->toString());
   p_item->setPosition(Vector(1, 1));
-  EXPECT_EQ(p_item->Object::toString() + ", Gold, 5, value true, border false, Red, unknown", p_item->toString());
+  EXPECT_EQ(p_item->Object::toString() + ", Gold, 5, value true, border false, Red, unknown",
+            p_item->toString());
 }
 
 }  // namespace

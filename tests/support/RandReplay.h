@@ -21,7 +21,8 @@ inline ot::Vector replayScatter(int x, int y) {
   ot::Vector pixels = ot::spacesToPixels(ot::Vector(static_cast<float>(x), static_cast<float>(y)));
   int dy = replayMod(static_cast<int>(ot::charHeight()));
   int dx = replayMod(static_cast<int>(ot::charWidth()));
-  return ot::pixelsToSpaces(ot::Vector(pixels.getX() + static_cast<float>(dx), pixels.getY() + static_cast<float>(dy)));
+  return ot::pixelsToSpaces(
+      ot::Vector(pixels.getX() + static_cast<float>(dx), pixels.getY() + static_cast<float>(dy)));
 }
 
 }  // namespace ot_test

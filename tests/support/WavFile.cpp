@@ -19,13 +19,13 @@ std::string writeWavFile(const std::string& name, int samples) {
   std::string bytes = "RIFF";
   put(bytes, 36 + data_size, 4);
   bytes += "WAVEfmt ";
-  put(bytes, 16, 4);    // size of the format chunk
-  put(bytes, 1, 2);     // PCM
-  put(bytes, 1, 2);     // mono
-  put(bytes, 8000, 4);  // samples per second
-  put(bytes, 16000, 4); // bytes per second
-  put(bytes, 2, 2);     // bytes per sample
-  put(bytes, 16, 2);    // bits per sample
+  put(bytes, 16, 4);     // size of the format chunk
+  put(bytes, 1, 2);      // PCM
+  put(bytes, 1, 2);      // mono
+  put(bytes, 8000, 4);   // samples per second
+  put(bytes, 16000, 4);  // bytes per second
+  put(bytes, 2, 2);      // bytes per sample
+  put(bytes, 16, 2);     // bits per sample
   bytes += "data";
   put(bytes, data_size, 4);
   for (int i = 0; i < samples; i++) put(bytes, static_cast<uint32_t>((i % 40) * 800), 2);
