@@ -153,17 +153,6 @@ TEST_F(DisplayWindowTest, CharacterOnTopWipesWhatLayBelow) {
   EXPECT_TRUE(inCell(green.right, green.bottom, 10, 5));
 }
 
-TEST_F(DisplayWindowTest, BackgroundRectangleCoversTheCellBelowAndLeftOfItsCorner) {
-  ASSERT_TRUE(display().setBackgroundColor(ot::BLUE));
-  display().drawCh(Vector(10, 5), ' ', ot::WHITE);
-  // Corner (80, 100): the rectangle spans x 79.2 to 87.2 and y 104 to 124.
-  PixelBox blue = find(grab(), [](sf::Color c) { return c.b > 0; });
-  EXPECT_EQ(79, blue.left);
-  EXPECT_EQ(86, blue.right);
-  EXPECT_EQ(104, blue.top);
-  EXPECT_EQ(123, blue.bottom);
-}
-
 TEST_F(DisplayWindowTest, JustificationPlacesTheFirstCell) {
   EXPECT_EQ(0, display().drawString(Vector(10, 3), "aco", ot::RIGHT_JUSTIFIED, ot::RED));
   EXPECT_EQ(0, display().drawString(Vector(10, 5), "acoac", ot::CENTER_JUSTIFIED, ot::RED));
@@ -176,30 +165,6 @@ TEST_F(DisplayWindowTest, JustificationPlacesTheFirstCell) {
   EXPECT_EQ((std::vector<int>{9, 10}), inkedCells(image, 7));
   EXPECT_EQ((std::vector<int>{10, 11}), inkedCells(image, 9));
   EXPECT_TRUE(inkedCells(image, 11).empty());
-}
-
-TEST_F(DisplayWindowTest, EvenFrameStandsOnHalfCells) {
-  ASSERT_TRUE(display().setBackgroundColor(ot::BLUE));
-  ASSERT_EQ(0, ot::Frame(2, 2, "    ").draw(Vector(10, 10), ot::WHITE, 0, ot::NONE));
-  // Cells at 9.5 and 10.5: x from 75.2 to 91.2, y from 194 to 234.
-  PixelBox blue = find(grab(), [](sf::Color c) { return c.b > 0; });
-  EXPECT_EQ(75, blue.left);
-  EXPECT_EQ(90, blue.right);
-  EXPECT_EQ(194, blue.top);
-  EXPECT_EQ(233, blue.bottom);
-}
-
-TEST_F(DisplayWindowTest, TransparentCellKeepsWhatLiesBelow) {
-  display().drawCh(Vector(20, 5), 'o', ot::RED);
-  display().drawCh(Vector(21, 5), 'o', ot::RED);
-  display().drawCh(Vector(22, 5), 'o', ot::RED);
-  ASSERT_EQ(0, ot::Frame(3, 1, "# c").draw(Vector(21, 5), ot::GREEN, '#', ot::NONE));
-  sf::Image image = grab();
-  PixelBox red = find(image, isRed);
-  ASSERT_FALSE(red.empty());
-  EXPECT_TRUE(inCell(red.left, red.top, 20, 5));
-  EXPECT_TRUE(inCell(red.right, red.bottom, 20, 5));
-  EXPECT_EQ((std::vector<int>{20, 22}), inkedCells(image, 5));
 }
 
 TEST_F(DisplayWindowTest, ShakeOffsetsFollowTheSeededDraws) {
@@ -243,36 +208,6 @@ TEST_F(DisplayWindowTest, ShakeOfZeroMovesTheTextOneStepButNotItsBackground) {
   EXPECT_EQ(104, steady.top);
   display().swapBuffers();
   EXPECT_EQ(0, display().getShakeOffsetX());
-}
-
-TEST_F(DisplayWindowTest, DrawnShapeTakesItsColoursChannels) {
-  ot::Shape shape;
-  shape.setColor(ot::YELLOW);
-  shape.setSize(6);
-  shape.draw(Vector(10, 5));
-  EXPECT_EQ(255, shape.getR());
-  EXPECT_EQ(255, shape.getG());
-  EXPECT_EQ(0, shape.getB());
-  EXPECT_TRUE(ot_test::logHas(logMessages(), "Shape::draw(): Drawing at (80.00, 100.00)"));
-  // A hexagon of radius 6, its box's corner at (77, 97): point up, so it
-  // spans x 77.8 to 88.2 and y 97 to 109.
-  PixelBox yellow = find(grab(), [](sf::Color c) { return c.r > 0 && c.g > 0 && c.b == 0; });
-  EXPECT_EQ(78, yellow.left);
-  EXPECT_EQ(87, yellow.right);
-  EXPECT_EQ(97, yellow.top);
-  EXPECT_EQ(108, yellow.bottom);
-}
-
-class DesktopWidthTest : public DisplayWindowTest {
- protected:
-  int horizontalPixels() const override { return 0; }
-};
-
-TEST_F(DesktopWidthTest, ZeroPixelsTakeTheDesktopsWidth) {
-  int desktop = static_cast<int>(sf::VideoMode::getDesktopMode().width);
-  EXPECT_EQ(desktop, display().getHorizontalPixels());
-  EXPECT_EQ(static_cast<unsigned>(desktop), display().getWindow()->getSize().x);
-  EXPECT_FLOAT_EQ(static_cast<float>(desktop) / 80, ot::charWidth());
 }
 
 }  // namespace
