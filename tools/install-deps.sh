@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev
+packages=(build-essential cmake googletest libgtest-dev libgmock-dev libbenchmark-dev
           libsfml-dev xvfb xauth xdotool fonts-dejavu-core clang-format)
 missing=()
 for p in "${packages[@]}"; do

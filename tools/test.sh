@@ -7,9 +7,11 @@ cd "$(dirname "$0")/.."
 bash tools/install-deps.sh
 
 echo "== formatting"
-mapfile -t sources < <(git ls-files -- 'engine/*.cpp' 'engine/*.h' 'game/*.cpp' 'game/*.h' 'tests/*.cpp' \
-                                        'tests/*.h' 'bench/*.cpp' 'bench/*.h' 'tools/*.cpp' 'tools/*.h')
-clang-format --dry-run -Werror "${sources[@]}"
+mapfile -d '' -t sources < <(find engine game tests bench tools \( -name '*.cpp' -o -name '*.h' \) -print0 | sort -z)
+if ! clang-format --dry-run -Werror "${sources[@]}"; then
+  echo "Formatting differs from .clang-format: run clang-format -i on the files named above." >&2
+  exit 1
+fi
 
 run() {
   local dir=$1
@@ -23,4 +25,5 @@ run() {
 run build-debug
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export ASAN_OPTIONS=detect_leaks=1
+export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp"
 run build-asan -DOSTREL_SANITIZE=ON -DOSTREL_DEMOS=OFF
