@@ -300,11 +300,6 @@ int explode(Sprite* sprite, int frame_index, Vector position, int age, float spe
                  static_cast<int>(text.size()), w, h);
     return -1;
   }
-  // The age spread divides by age / 4.
-  if (age < 4) {
-    log.writeLog("explode(): Warning! age %d below 4.", age);
-    return -1;
-  }
   const float half_w = static_cast<float>((w - 1) / 2.0);
   const float half_h = static_cast<float>((h - 1) / 2.0);
   const bool rows_down = transform == VERTICAL || transform == BOTH;
@@ -316,6 +311,11 @@ int explode(Sprite* sprite, int frame_index, Vector position, int age, float spe
       const int source_column = columns_down ? w - 1 - x : x;
       const char c = text[static_cast<size_t>(source_row * w + source_column)];
       if (c == transparency) continue;
+      // The age spread divides by age / 4.
+      if (age / 4 == 0) {
+        log.writeLog("explode(): Warning! age %d leaves no spread; it must be at least 4.", age);
+        return -1;
+      }
 
       // Placed by the counters, read by the source: a transform mirrors the
       // picture of the explosion.

@@ -63,7 +63,8 @@ int addParticles(ParticleType type, Vector position, float scale, Color color);
 int addParticles(PrecipitationType type, Direction direction, float density, Color color);
 
 // Breaks a sprite frame into one spinning Debris per visible character,
-// flying outward from position. -1 for a null sprite or an age below 4.
+// flying outward from position. -1 for a null sprite, or for an age of -3 to
+// 3 once a debris is due (its age spread divides by age / 4).
 int explode(Sprite* sprite, int frame_index, Vector position, int age, float speed, float rotation,
             Transform transform);
 

@@ -14,10 +14,10 @@ namespace ot {
 namespace {
 
 // One of s + 1, s - 1, ... down to -s + 1: lopsided by one step towards the
-// positive side, and kept so. A negative severity (which shake() reports)
-// shakes nothing and draws no number.
+// positive side, and kept so. A severity of -1 would divide by zero: that axis
+// (which shake() reports) stays still and draws no number.
 int shakeOffset(int severity) {
-  if (severity < 0) return 0;
+  if (severity == -1) return 0;
   return (severity + 1) - (rand() % (severity + 1)) * 2;
 }
 
@@ -245,9 +245,9 @@ void DisplayManager::shake(int severity_x, int severity_y, int duration, bool ad
     m_shake_severity_y = severity_y;
     m_shake_duration = duration;
   }
-  if (m_shake_severity_x < 0 || m_shake_severity_y < 0) {
+  if (m_shake_severity_x == -1 || m_shake_severity_y == -1) {
     LogManager::getInstance().writeLog(
-        "DisplayManager::shake(): Warning! negative severity (%d, %d); that axis won't shake.",
+        "DisplayManager::shake(): Warning! severity (%d, %d) of -1; that axis won't shake.",
         m_shake_severity_x, m_shake_severity_y);
   }
 }

@@ -140,7 +140,7 @@ bool Object::isVisible() const { return m_is_visible; }
 
 int Object::setActive(bool active) {
   if (active == m_is_active) return 0;
-  if (WorldManager::getInstance().getSceneGraph().updateActive(this, active) == -1) return -1;
+  if (WorldManager::getInstance().getSceneGraph().updateActive(this, active) < 0) return -1;
   m_is_active = active;
   m_modified |= ACTIVE;
   return 0;

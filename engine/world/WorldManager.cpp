@@ -203,7 +203,7 @@ int WorldManager::setViewFollowing(Object* p_o) {
 }
 
 void WorldManager::setViewSlack(Vector slack) {
-  if (!valueInRange(slack.getX(), 0, 1) || !valueInRange(slack.getY(), 0, 1))
+  if (slack.getX() < 0 || slack.getX() > 1 || slack.getY() < 0 || slack.getY() > 1)
     LogManager::getInstance().writeLog(
         "WorldManager::setViewSlack(): Warning! view slack units out of range [0-1]");
   m_view_slack = slack;

@@ -1,28 +1,15 @@
 #include "engine/effects/Debris.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/HeadlessEngine.h"
-
-namespace {
 
 using DebrisTest = ot_test::HeadlessEngine;
 
-TEST_F(DebrisTest, RotationWrapsOncePerDrawnFrame) {
-  auto* forward = new ot::Debris(10, 255, ot::RED, ot::Vector(), '#', 200.0f);
-  EXPECT_EQ(ot::SHAPE_UNDEFINED, forward->getShape().getType());  // only the character shows
-  forward->draw();
-  forward->draw();
-  EXPECT_FLOAT_EQ(40.0f, forward->getRotation());
-
-  auto* backward = new ot::Debris(10, 255, ot::RED, ot::Vector(), '#', -30.0f);
-  backward->draw();
-  EXPECT_FLOAT_EQ(330.0f, backward->getRotation());
-
-  // Beyond a full turn a frame, one correction leaves it out of range.
-  auto* wild = new ot::Debris(10, 255, ot::RED, ot::Vector(), '#', 800.0f);
-  wild->draw();
-  EXPECT_FLOAT_EQ(440.0f, wild->getRotation());
+TEST_F(DebrisTest, ShowsOnlyItsCharacterWhoseRotationWrapsOncePerDrawnFrame) {
+  for (auto [speed, twice] : {std::pair(200.0f, 40.0f), {-30.0f, 300.0f}, {800.0f, 880.0f}}) {
+    auto* p_debris = new ot::Debris(10, 255, ot::RED, ot::Vector(), '#', speed);
+    p_debris->draw();
+    p_debris->draw();
+    EXPECT_EQ(std::make_tuple(ot::SHAPE_UNDEFINED, twice),
+              std::make_tuple(p_debris->getShape().getType(), p_debris->getRotation()));
+  }
 }
-
-}  // namespace

@@ -1,56 +1,41 @@
 #include "engine/effects/Particle.h"
 
-#include <gtest/gtest.h>
-
 #include "engine/core/EventOut.h"
-#include "engine/presentation/DisplayManager.h"
 #include "engine/world/WorldManager.h"
 #include "tests/support/HeadlessEngine.h"
 #include "tests/support/SpyObject.h"
 
-namespace {
-
 using ParticleTest = ot_test::HeadlessEngine;
 
-int particlesInWorld() { return ot::WorldManager::getInstance().objectsOfType("Particle").getCount(); }
-
-TEST_F(ParticleTest, TakesIdZeroAndHandsItsIdBack) {
-  auto* before = new ot_test::SpyObject();
-  auto* p = new ot::Particle(1.0f, 5, 255, 1, 1, 1);
-  new ot::Particle(1.0f, 5, 255, ot::GREEN);
-  auto* after = new ot_test::SpyObject();
-  EXPECT_EQ(0, p->getId());
-  EXPECT_EQ(before->getId() + 1, after->getId());
-  EXPECT_EQ(ot::SPECTRAL, p->getSolidness());
-}
-
-TEST_F(ParticleTest, RecolouringStoresACustomShape) {
-  auto* p = new ot::Particle(1.0f, 10, 255, 1, 2, 3);
+TEST_F(ParticleTest, IsASpectralCircleOnTopWithIdZeroAndAShapeOfItsOwn) {
+  auto* p_before = new ot_test::SpyObject();
+  auto* p = new ot::Particle(2.5f, 5, 77, 1, 2, 3);
+  auto* p_green = new ot::Particle(1.0f, 5, 255, ot::GREEN);  // refills the shared Shape
+  EXPECT_EQ(p_before->getId() + 1, (new ot_test::SpyObject())->getId());
+  auto looks = [](ot::Particle* q) {
+    ot::Shape s = q->getShape();
+    return std::make_tuple(q->getId(), q->getSolidness(), q->getAltitude(), s.getType(), s.getColor(),
+                           s.getSize(), int{s.getOpacity()}, int{s.getR()}, int{s.getG()}, int{s.getB()});
+  };
+  EXPECT_EQ(std::make_tuple(0, ot::SPECTRAL, 4, ot::SHAPE_CIRCLE, ot::CUSTOM, 2.5f, 77, 1, 2, 3), looks(p));
+  EXPECT_EQ(std::make_tuple(0, ot::SPECTRAL, 4, ot::SHAPE_CIRCLE, ot::CUSTOM, 1.0f, 255, 0, 255, 0),
+            looks(p_green));
   p->setModified(0);
   p->setColor(ot::BLUE);
-  unsigned char r = 0, g = 0, b = 0;
-  ot::colorToRGB(ot::BLUE, r, g, b);
   EXPECT_TRUE(p->isModified(ot::Object::SHAPE));
-  EXPECT_EQ(ot::CUSTOM, p->getShape().getColor());
-  EXPECT_EQ(b, p->getShape().getB());
+  EXPECT_EQ(std::make_tuple(0, ot::SPECTRAL, 4, ot::SHAPE_CIRCLE, ot::CUSTOM, 2.5f, 77, 0, 0, 255), looks(p));
+  ot::Event other;
+  EXPECT_EQ(0, p->eventHandler(&other));
 }
 
-TEST_F(ParticleTest, AgeNIsMarkedOnTheNthStep) {
+TEST_F(ParticleTest, AgeNIsMarkedOnTheNthStepAndLeavingTheViewAtOnce) {
+  auto particles = [] { return ot::WorldManager::getInstance().objectsOfType("Particle").getCount(); };
   new ot::Particle(1.0f, 3, 255, 1, 1, 1);
   ot_test::runFrames(2);
-  EXPECT_EQ(1, particlesInWorld());
-  ot_test::runFrames(1);
-  EXPECT_EQ(0, particlesInWorld());
-}
-
-TEST_F(ParticleTest, AgeZeroOrLeavingTheViewEndsOnTheFirstStep) {
+  EXPECT_EQ(1, particles());
   new ot::Particle(1.0f, 0, 255, 1, 1, 1);
-  new ot::Particle(1.0f, -5, 255, 1, 1, 1);
-  auto* leaving = new ot::Particle(1.0f, 100, 255, 1, 1, 1);
   ot::EventOut out;
-  EXPECT_EQ(1, leaving->eventHandler(&out));
+  EXPECT_EQ(1, (new ot::Particle(1.0f, 100, 255, 1, 1, 1))->eventHandler(&out));
   ot_test::runFrames(1);
-  EXPECT_EQ(0, particlesInWorld());
+  EXPECT_EQ(0, particles());
 }
-
-}  // namespace

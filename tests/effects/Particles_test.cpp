@@ -1,14 +1,9 @@
 #include "engine/effects/Particles.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <map>
+#include <algorithm>
 
 #include "engine/effects/Debris.h"
-#include "engine/effects/Particle.h"
 #include "engine/effects/Precipitation.h"
-#include "engine/presentation/DisplayManager.h"
 #include "engine/presentation/Sprite.h"
 #include "engine/world/WorldManager.h"
 #include "tests/support/HeadlessEngine.h"
@@ -16,218 +11,178 @@
 
 namespace {
 
+using ot::Vector;
 using ot_test::replayMod;
-using ot_test::replayUniform;
 using ParticlesTest = ot_test::HeadlessEngine;
 
-ot::ObjectList ofType(const char* type) { return ot::WorldManager::getInstance().objectsOfType(type); }
-ot::Shape shapeOf(int i) { return ofType("Particle")[i]->getShape(); }
-
-// count plain particles at (10, 10), only colour and opacity spread.
-int plainBurst(int count, int count_spread, unsigned char r, unsigned char g, unsigned char b,
-               unsigned char color_spread = 0, unsigned char opacity_spread = 0) {
-  return ot::addParticles(count, count_spread, ot::Vector(10, 10), 0.0f, ot::Vector(1, 0), 0.0f, 1.0f, 0.0f,
-                          0.1f, 0.0f, 10, 0, 200, opacity_spread, r, g, b, color_spread, ot::PARTICLE);
+ot::ObjectList everything() { return ot::WorldManager::getInstance().getAllObjects(); }
+void clearWorld() {
+  ot::WorldManager::getInstance().markForDelete(everything());
+  ot::WorldManager::getInstance().update();
 }
 
-TEST_F(ParticlesTest, CountAloneDecidesHowManyAndZeroDrawsNothing) {
-  srand(4);
-  int next = rand();
-  srand(4);
-  EXPECT_EQ(0, ot::addParticles(0, 50, ot::Vector(), 1.0f, ot::Vector(), 1.0f, 1.0f, 1.0f, 1.0f, 1.0f, 10, 5,
-                                200, 50, 1, 1, 1, 50, ot::PARTICLE));
-  EXPECT_EQ(0, plainBurst(-3, 0, 1, 1, 1));
-  EXPECT_EQ(next, rand());
-  EXPECT_EQ(0, plainBurst(3, 100, 1, 1, 1));
-  EXPECT_EQ(0, plainBurst(3, -100, 1, 1, 1));
-  EXPECT_EQ(6, ofType("Particle").getCount());
-}
-
-TEST_F(ParticlesTest, DrawsInTheFixedOrder) {
-  srand(2024);
-  int opacity = (200 + replayMod(40) - 20) & 0xff;
-  int age = 30 + replayMod(10) - 5;
-  float size = 2.0f + replayUniform(1.0f);
-  int d = replayMod(60) - 30;
-  float vx = 0.6f + replayUniform(0.5f);
-  float vy = -0.8f + replayUniform(0.5f);
-  ot::Vector v(vx, vy);
-  v.normalize();
-  v.scale(0.5f + replayUniform(0.2f));
-  float px = 10.0f + replayUniform(3.0f);
-  float py = 5.0f + replayUniform(3.0f);
-
-  srand(2024);
-  ASSERT_EQ(0, ot::addParticles(1, 9, ot::Vector(10, 5), 3.0f, ot::Vector(0.6f, -0.8f), 0.5f, 2.0f, 1.0f,
-                                0.5f, 0.2f, 30, 10, 200, 40, 100, 0, 50, 60, ot::PARTICLE));
-  auto* p = static_cast<ot::Particle*>(ofType("Particle")[0]);
-  EXPECT_EQ(opacity, p->getShape().getOpacity());
-  EXPECT_EQ(age, p->getAge());
-  EXPECT_FLOAT_EQ(size, p->getShape().getSize());
-  EXPECT_EQ(100 + d, p->getShape().getR());
-  EXPECT_EQ(50 + d, p->getShape().getB());
-  EXPECT_NEAR(v.getX(), p->getVelocity().getX(), 1e-6f);
-  EXPECT_NEAR(v.getY(), p->getVelocity().getY(), 1e-6f);
-  EXPECT_EQ(ot::Vector(px, py), p->getPosition());
-}
-
-TEST_F(ParticlesTest, ZeroDirectionBurstsEverywhereIgnoringItsSpread) {
-  srand(77);
-  int a = replayMod(32768), b = replayMod(32768), c = replayMod(32768), d = replayMod(32768);
-  ot::Vector v((a - b) / 32767.0f, (c - d) / 32767.0f);
-  v.normalize();
-  v.scale(0.5f);
-  float x = 10.0f + replayUniform(2.0f);  // the position's draws come next
-  srand(77);
-  ot::addParticles(1, 0, ot::Vector(10, 10), 2.0f, ot::Vector(), 5.0f, 1.0f, 0.0f, 0.5f, 0.0f, 10, 0, 255, 0,
-                   1, 1, 1, 0, ot::PARTICLE);
-  ot::Object* p = ofType("Particle")[0];
-  EXPECT_NEAR(v.getX(), p->getVelocity().getX(), 1e-6f);
-  EXPECT_NEAR(v.getY(), p->getVelocity().getY(), 1e-6f);
-  EXPECT_FLOAT_EQ(x, p->getPosition().getX());
-}
-
-TEST_F(ParticlesTest, ColourSpreadClampsAndSparesZeroChannelsWhileOpacityWraps) {
-  const int n = 60;
-  srand(8);
-  plainBurst(n, 0, 200, 0, 60, 255, 200);
-  srand(8);
-  int clamped_high = 0, clamped_low = 0, wrapped = 0;
-  for (int i = 0; i < n; i++) {
-    int opacity = (200 + replayMod(200) - 100) & 0xff;
-    int d = replayMod(255) - 127;
-    EXPECT_EQ(opacity, shapeOf(i).getOpacity());
-    EXPECT_EQ(std::min(255, 200 + d), shapeOf(i).getR());
-    EXPECT_EQ(0, shapeOf(i).getG());
-    EXPECT_EQ(std::max(0, 60 + d), shapeOf(i).getB());
-    clamped_high += 200 + d > 255;
-    clamped_low += 60 + d < 0;
-    wrapped += opacity < 100;
-  }
-  EXPECT_GT(clamped_high, 0);  // every rule was met
-  EXPECT_GT(clamped_low, 0);
-  EXPECT_GT(wrapped, 0);
-}
-
-TEST_F(ParticlesTest, SparksAreOrangeUnlessANamedColourIsGiven) {
-  ASSERT_EQ(0, ot::addParticles(ot::SPARKS, ot::Vector(10, 10), 1.0f, ot::CUSTOM));
-  ASSERT_EQ(50, ofType("Particle").getCount());
-  EXPECT_EQ(255, shapeOf(0).getR());
-  EXPECT_EQ(69, shapeOf(0).getG());
-  EXPECT_EQ(0, shapeOf(0).getB());
-  ASSERT_EQ(0, ot::addParticles(ot::SPARKS, ot::Vector(10, 10), 1.0f, ot::BLUE));
-  unsigned char r = 9, g = 9, b = 9;
-  ot::colorToRGB(ot::BLUE, r, g, b);
-  EXPECT_EQ(r, shapeOf(50).getR());
-  EXPECT_EQ(b, shapeOf(50).getB());
-
-  EXPECT_EQ(0, ot::addParticles(ot::SPARKS, ot::Vector(10, 10), 0.019f, ot::CUSTOM));
-  EXPECT_EQ(100, ofType("Particle").getCount());
-}
-
-TEST_F(ParticlesTest, UnknownKindsAreRefused) {
-  EXPECT_EQ(-1, ot::addParticles(static_cast<ot::ParticleType>(4), ot::Vector(), 1.0f, ot::CUSTOM));
-  EXPECT_EQ(-1, ot::addParticles(1, 0, ot::Vector(), 0, ot::Vector(1, 0), 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 1, 1,
-                                 0, static_cast<ot::ParticleClass>(5)));
-  EXPECT_TRUE(ot_test::logHas(logMessages(), "addParticles(): Type 5 not defined."));
-  EXPECT_EQ(0, ofType("Particle").getCount());
-}
-
-TEST_F(ParticlesTest, PrecipitationDrawsAllSizesBeforePlacing) {
-  srand(6);
-  float first = replayMod(20) / 10.0f + 3.0f;
-  replayMod(20);  // the second flake's size
-  int y = replayMod(24);
-  int x = replayMod(80);
-  x += replayMod(10);
-  ot::Vector position = ot_test::replayScatter(x, y);
-  srand(6);
-  ot::addParticles(ot::SNOW, ot::UP, 2.0f / 32.0f, ot::CUSTOM);
-  ot::ObjectList flakes = ofType("Precipitation");
-  ASSERT_EQ(2, flakes.getCount());
-  auto* p = static_cast<ot::Precipitation*>(flakes[0]);
-  EXPECT_FLOAT_EQ(first, p->getShape().getSize());
-  EXPECT_EQ(position, p->getPosition());
-  EXPECT_EQ(ot::Vector(0.0f, -0.25f), p->getVelocity());
-  EXPECT_TRUE(p->getWobble());
-}
-
-TEST_F(ParticlesTest, PrecipitationRefusesUnknownDirectionBeforeMaking) {
-  auto bad = static_cast<ot::Direction>(4);
-  EXPECT_EQ(-1, ot::addParticles(ot::RAIN, bad, 1.0f, ot::CUSTOM));
-  EXPECT_EQ(-1, ot::addParticles(ot::SNOW, bad, 1.0f, ot::CUSTOM));
-  EXPECT_EQ(0, ot::addParticles(ot::SNOW, bad, 0.0f, ot::CUSTOM));
-  EXPECT_EQ(0, ot::addParticles(static_cast<ot::PrecipitationType>(3), ot::UP, 1.0f, ot::CUSTOM));
-  EXPECT_EQ(0, ofType("Precipitation").getCount());
-  std::vector<std::string> log = logMessages();
-  EXPECT_TRUE(ot_test::logHas(log, "addParticles(): Error!  Direction 4 not supported."));
-  EXPECT_TRUE(ot_test::logHas(log, "addParticles(): Error! Direction 4 not supported."));
-}
-
-// Explosions of a one-frame sprite whose '.' is transparent.
-class ExplodeTest : public ot_test::HeadlessEngine {
- protected:
-  ot::Sprite* makeSprite(int w, int h, const std::string& text) {
-    m_sprite.addFrame(ot::Frame(w, h, text));
-    m_sprite.setWidth(w);
-    m_sprite.setHeight(h);
-    m_sprite.setTransparency('.');
-    return &m_sprite;
-  }
-  ot::Sprite m_sprite{1};
+// A burst at (10, 10) by the general form's arguments, or a preset (type 0 up) at scale 2.
+struct Burst {
+  int type;
+  int count;
+  float position_spread;
+  Vector direction;
+  float direction_spread, size, size_spread, speed, speed_spread;
+  int age, age_spread;
+  unsigned char opacity, opacity_spread, r, g, b, color_spread;
+  ot::Color color = ot::CUSTOM;
 };
 
-// The debris' characters by their place.
-std::map<std::pair<float, float>, char> picture() {
-  std::map<std::pair<float, float>, char> chars;
-  ot::ObjectList all = ofType("Debris");
-  for (int i = 0; i < all.getCount(); i++)
-    chars[{all[i]->getPosition().getX(), all[i]->getPosition().getY()}] =
-        static_cast<ot::Debris*>(all[i])->getCh();
-  return chars;
-}
-
-TEST_F(ExplodeTest, OneDebrisPerVisibleCharacterMirroredByTheTransform) {
-  ot::Sprite* s = makeSprite(3, 2, "a.bcd.");
-  EXPECT_EQ(0, ot::explode(s, 0, ot::Vector(10, 10), 16, 1.0f, 10.0f, ot::NONE));
-  std::map<std::pair<float, float>, char> expected = {
-      {{9, 9.5f}, 'a'}, {{11, 9.5f}, 'b'}, {{9, 10.5f}, 'c'}, {{10, 10.5f}, 'd'}};
-  EXPECT_EQ(expected, picture());
-  ot::WorldManager::getInstance().markForDelete(ofType("Debris"));
-  ot::WorldManager::getInstance().update();
-
-  ot::explode(s, 0, ot::Vector(10, 10), 16, 1.0f, 10.0f, ot::BOTH);
-  expected = {{{10, 9.5f}, 'd'}, {{11, 9.5f}, 'c'}, {{9, 10.5f}, 'b'}, {{11, 10.5f}, 'a'}};
-  EXPECT_EQ(expected, picture());
-}
-
-TEST_F(ExplodeTest, DrawsInTheFixedOrder) {
-  ot::Sprite* s = makeSprite(1, 1, "x");
-  srand(12);
-  float vx = replayUniform(1.5f);  // from the centre itself, the velocity is the spread alone
-  float vy = replayUniform(1.5f);
-  ot::Vector v(vx, vy);
+void expectReplayed(const Burst& a, const ot::Object* p_o) {
+  auto spread = [](float w) { return w != 0.0f ? ot_test::replayUniform(w) : 0.0f; };
+  int opacity =
+      a.opacity_spread ? (a.opacity + replayMod(a.opacity_spread) - a.opacity_spread / 2) & 0xff : a.opacity;
+  int age = a.age + (a.age_spread ? replayMod(a.age_spread) - a.age_spread / 2 : 0);
+  float size = a.size + spread(a.size_spread);
+  int d = a.color_spread ? replayMod(a.color_spread) - a.color_spread / 2 : 0;
+  auto channel = [d](int v) { return v == 0 ? 0 : std::clamp(v + d, 0, 255); };
+  Vector v = a.direction;
+  if (!v) {  // cut to 0..32767 before the division
+    int xp = replayMod(32768), xm = replayMod(32768), yp = replayMod(32768), ym = replayMod(32768);
+    v = Vector((xp - xm) / 32767.0f, (yp - ym) / 32767.0f);
+  } else {
+    float x = v.getX() + spread(a.direction_spread);
+    v = Vector(x, v.getY() + spread(a.direction_spread));
+  }
   v.normalize();
-  int age = 40 - 5 + replayMod(10);
-  v.scale(static_cast<float>(2.0 - 1.0 + replayMod(1000) * 1.0 / 1000.0));
-  float spin = static_cast<float>(30.0 - 15.0 + replayMod(1000) * 15.0 / 1000.0);
-  if (replayMod(2) == 0) spin = -spin;
-
-  srand(12);
-  ot::explode(s, 0, ot::Vector(10, 10), 40, 2.0f, 30.0f, ot::NONE);
-  auto* d = static_cast<ot::Debris*>(ofType("Debris")[0]);
-  EXPECT_EQ(age, d->getAge());
-  EXPECT_FLOAT_EQ(spin, d->getRotationSpeed());
-  EXPECT_NEAR(v.getX(), d->getVelocity().getX(), 1e-5f);
-  EXPECT_NEAR(v.getY(), d->getVelocity().getY(), 1e-5f);
+  v.scale(a.speed + spread(a.speed_spread));
+  float x = 10 + spread(a.position_spread);
+  Vector at(x, 10 + spread(a.position_spread));
+  const ot::Shape s = p_o->getShape();
+  EXPECT_EQ(std::make_tuple(opacity, age, channel(a.r), channel(a.g), channel(a.b), size, at),
+            std::make_tuple(int{s.getOpacity()}, static_cast<const ot::Particle*>(p_o)->getAge(),
+                            int{s.getR()}, int{s.getG()}, int{s.getB()}, s.getSize(), p_o->getPosition()));
+  EXPECT_NEAR(v.getX(), p_o->getVelocity().getX(), 1e-6f);
+  EXPECT_NEAR(v.getY(), p_o->getVelocity().getY(), 1e-6f);
 }
 
-TEST_F(ExplodeTest, RefusesNullSpriteAndTooYoungDebris) {
-  EXPECT_EQ(-1, ot::explode(nullptr, 0, ot::Vector(), 10, 1.0f, 1.0f, ot::NONE));
-  EXPECT_EQ(-1, ot::explode(makeSprite(1, 1, "x"), 0, ot::Vector(), 3, 1.0f, 1.0f, ot::NONE));
-  EXPECT_EQ(0, ot::explode(&m_sprite, 4, ot::Vector(), 10, 1.0f, 1.0f, ot::NONE));  // no such frame
-  EXPECT_EQ(0, ofType("Debris").getCount());
-  EXPECT_TRUE(ot_test::logHas(logMessages(), "explode(): Warning! sprite is NULL."));
+TEST_F(ParticlesTest, GeneralFormAndPresetsDrawInTheFixedOrder) {
+  const float s = 2.0f, spark = 0.08f * (1 + s / 4), fw = 0.1f * (1 + s / 3);
+  const Burst cases[] = {
+      {-1, 3, 3, Vector(0.6f, -0.8f), 0.5f, 2, 1, 0.5f, 0.2f, 30, 10, 200, 40, 100, 0, 50, 60},
+      {-1, 0, 3, Vector(), 1, 1, 1, 1, 1, 10, 5, 200, 50, 1, 1, 1, 50},  // draws nothing
+      // A zero direction bursts everywhere and ignores its spread.
+      {-1, 2, 2, Vector(), 5, 1, 0, 0.5f, 0, 10, 0, 255, 0, 1, 1, 1, 0},
+      // Colour clamps at both ends and spares a zero channel; opacity wraps.
+      {-1, 60, 0, Vector(1, 0), 0, 1, 0, 0.1f, 0, 10, 0, 200, 200, 200, 0, 60, 255},
+      {ot::SMOKE, 40, 0, Vector(0, -1), 0.3f * s / 2, 5 * s / 1.5f, 0.15f * s, 0.2f, 0.05f, 40, 10, 128, 50,
+       128, 128, 128, 50},
+      {ot::SPARKS, 100, 0, Vector(), 0, 1.5f * s, 0, spark, spark, 30, 30, 255, 75, 255, 69, 0, 0},
+      {ot::SPARKS, 100, 0, Vector(), 0, 1.5f * s, 0, spark, spark, 30, 30, 255, 75, 0, 0, 255, 0, ot::BLUE},
+      {ot::BURST, 100, 0, Vector(), 0, 2.5f * s, 0, spark, 0, 20, 0, 255, 75, 255, 20, 147, 0},
+      {ot::FIREWORKS, 8, 0, Vector(0, -1), 1.5f, 2 * s, 0, fw, fw, 40, 40, 255, 75, 255, 69, 0, 255},
+  };
+  for (const Burst& a : cases) {
+    SCOPED_TRACE(a.type);
+    srand(31);
+    if (a.type < 0)  // with a count_spread that changes nothing
+      ASSERT_EQ(0, ot::addParticles(a.count, 100, Vector(10, 10), a.position_spread, a.direction,
+                                    a.direction_spread, a.size, a.size_spread, a.speed, a.speed_spread, a.age,
+                                    a.age_spread, a.opacity, a.opacity_spread, a.r, a.g, a.b, a.color_spread,
+                                    ot::PARTICLE));
+    else
+      ASSERT_EQ(0, ot::addParticles(static_cast<ot::ParticleType>(a.type), Vector(10, 10), s, a.color));
+    const int next = rand();
+    ASSERT_EQ(a.count, everything().getCount());
+    srand(31);
+    for (int i = 0; i < a.count; i++) {
+      EXPECT_EQ(a.type == ot::FIREWORKS ? "Firework" : "Particle", everything()[i]->getType());
+      expectReplayed(a, everything()[i]);
+    }
+    EXPECT_EQ(next, rand());  // and no more draws
+    clearWorld();
+  }
+  EXPECT_EQ(0, ot::addParticles(ot::SPARKS, Vector(), 0.019f, ot::CUSTOM));  // 50 * 0.019 truncates to 0
+  EXPECT_EQ(-1, ot::addParticles(1, 0, Vector(), 0, Vector(1, 0), 0, 1, 0, 1, 0, 1, 0, 1, 0, 1, 1, 1, 0,
+                                 static_cast<ot::ParticleClass>(5)));
+  EXPECT_EQ("addParticles(): Type 5 not defined.", logMessages().back());
+}
+
+TEST_F(ParticlesTest, PrecipitationFillsTheWorldByAreaDrawingAllSizesBeforePlacing) {
+  const Vector axis[] = {Vector(0, -1), Vector(0, 1), Vector(-1, 0), Vector(1, 0)};  // by direction
+  // 80 x 24 spaces make 1920 / 60 flakes or drops, 1920 / 120 stars; a star's speed is 1 / d.
+  for (auto [type, direction, count, shade, opacity, altitude, wobble, speed] :
+       {std::tuple{ot::SNOW, ot::UP, 32, 255, 128, 4, true, 0.25f},
+        {ot::RAIN, ot::DOWN, 32, 128, 128, 4, false, 0.75f},
+        {ot::RAIN, ot::LEFT, 32, 128, 128, 4, false, 0.75f},
+        {ot::STARS, ot::RIGHT, 16, 255, 255, 0, false, 0.0f}}) {
+    srand(3);
+    ASSERT_EQ(0, ot::addParticles(type, direction, 1.0f, ot::BLUE));  // the colour is never read
+    ASSERT_EQ(count, everything().getCount());
+    srand(3);
+    for (int i = 0; i < count; i++) {
+      float size = type == ot::SNOW ? static_cast<float>(replayMod(20) / 10.0 + 3.0) : 3.0f;
+      if (type == ot::STARS) {
+        int d = replayMod(10) + 4;  // near stars are large and fast
+        size = 20.0f / static_cast<float>(d);
+        speed = 1.0f / static_cast<float>(d);
+      }
+      auto* flake = static_cast<ot::Precipitation*>(everything()[i]);
+      const ot::Shape shape = flake->getShape();
+      EXPECT_EQ(std::make_tuple(size, Vector(axis[direction].getX() * speed, axis[direction].getY() * speed),
+                                shade, shade, opacity, altitude, wobble),
+                std::make_tuple(shape.getSize(), flake->getVelocity(), int{shape.getR()}, int{shape.getB()},
+                                int{shape.getOpacity()}, flake->getAltitude(), flake->getWobble()))
+          << direction;
+    }
+    int y = replayMod(24), x = replayMod(80);
+    x += replayMod(10);
+    EXPECT_EQ(ot_test::replayScatter(x, y), everything()[0]->getPosition());
+    clearWorld();
+  }
+  EXPECT_EQ(-1, ot::addParticles(ot::RAIN, ot::Direction(4), 1.0f, ot::CUSTOM));
+  EXPECT_EQ("addParticles(): Error!  Direction 4 not supported.", logMessages().back());
+  EXPECT_EQ(0, everything().getCount());
+}
+
+TEST_F(ParticlesTest, ExplodeMakesOneDebrisPerVisibleCharacterMirroredByTheTransform) {
+  ot::Sprite sprite(2);  // a.b over cd., with '.' see-through, then nothing to see
+  sprite.setWidth(3);
+  sprite.setHeight(2);
+  sprite.setTransparency('.');
+  sprite.setColor(ot::GREEN);
+  sprite.addFrame(ot::Frame(3, 2, "a.bcd."));
+  sprite.addFrame(ot::Frame(3, 2, "......"));
+  const std::string pictures[] = {"a.bcd.", "cd.a.b", "b.a.dc", ".dcb.a", "a.bcd."};  // by transform
+  for (int transform = 0; transform < 5; transform++) {                               // 4 is none of them
+    srand(12);
+    EXPECT_EQ(0, ot::explode(&sprite, 0, Vector(10, 10), 40, 2.0f, 30.0f, ot::Transform(transform)));
+    srand(12);
+    std::string picture = "......";
+    for (int i = 0; i < everything().getCount(); i++) {
+      auto* d = static_cast<ot::Debris*>(everything()[i]);
+      Vector p = d->getPosition();
+      picture.at(static_cast<size_t>((p.getY() - 9.5f) * 3 + p.getX() - 9)) = d->getCh();
+      float vx = p.getX() - 10 + ot_test::replayUniform(1.5f);  // outward from the centre
+      Vector v(vx, p.getY() - 10 + ot_test::replayUniform(1.5f));
+      v.normalize();
+      int age = 40 - 5 + replayMod(10);
+      v.scale(static_cast<float>(1.0 + replayMod(1000) / 1000.0));
+      float spin = static_cast<float>(15.0 + replayMod(1000) * 15.0 / 1000.0);
+      if (replayMod(2) == 0) spin = -spin;
+      EXPECT_EQ(std::make_tuple(age, ot::GREEN, spin),
+                std::make_tuple(d->getAge(), d->getColor(), d->getRotationSpeed()));
+      EXPECT_NEAR(v.getX(), d->getVelocity().getX(), 1e-5f);
+      EXPECT_NEAR(v.getY(), d->getVelocity().getY(), 1e-5f);
+    }
+    EXPECT_EQ(pictures[transform], picture) << transform;
+    clearWorld();
+  }
+  EXPECT_EQ(-1, ot::explode(nullptr, 0, Vector(), 10, 1.0f, 1.0f, ot::NONE));
+  EXPECT_EQ("explode(): Warning! sprite is NULL.", logMessages().back());
+  for (int age : {-3, 3}) {  // age / 4 divides the age spread: a zero is refused once a debris is due
+    EXPECT_EQ(0, ot::explode(&sprite, 1, Vector(), age, 1.0f, 1.0f, ot::NONE));
+    EXPECT_EQ(-1, ot::explode(&sprite, 0, Vector(), age, 1.0f, 1.0f, ot::NONE));
+    EXPECT_EQ("explode(): Warning! age " + std::to_string(age) + " leaves no spread; it must be at least 4.",
+              logMessages().back());
+  }
+  EXPECT_EQ(0, ot::explode(&sprite, 0, Vector(), -4, 1.0f, 1.0f, ot::NONE));
+  EXPECT_EQ(4, everything().getCount());
 }
 
 }  // namespace

@@ -1,45 +1,36 @@
 #include "engine/presentation/InputManager.h"
 
-#include <gtest/gtest.h>
-
-#include <SFML/Graphics.hpp>
-#include <algorithm>
 #include <cstdlib>
-#include <functional>
-#include <string>
-#include <vector>
+#include <tuple>
 
 #include "engine/core/EventKeyboard.h"
 #include "engine/core/EventLabels.h"
 #include "engine/core/EventMouse.h"
 #include "engine/core/GameManager.h"
 #include "engine/presentation/DisplayManager.h"
+#include "tests/support/FontFile.h"
 #include "tests/support/HeadlessEngine.h"
 #include "tests/support/SpyObject.h"
 
-// Drives a real window under Xvfb with xdotool. X delivers the input after
-// xdotool returns, at its own pace, so each step runs real frames until the
-// awaited event shows, within a bounded number of frames.
+// Last: Xlib's macros (None, Status, ...) would clash with the headers above.
+#include <X11/Xlib.h>
+#include <X11/keysym.h>
+
+// Drives a real window under Xvfb. X delivers xdotool's input at its own pace,
+// so each step runs real frames until the awaited event shows, within a bound.
 namespace {
 
 namespace K = ot::Keyboard;
 using ot::Vector;
+using What = std::tuple<std::string, int, int>;  // label, action, key or button
+using Input = std::tuple<int, What, Vector>;     // frame, what, mouse position
 
-constexpr int MAX_WAIT_FRAMES = 150;  // 3 s at 20 ms a frame
-
-struct Input {
-  int frame;
-  std::string label;
-  int action;
-  int code;  // key or button
-  Vector position;
-};
+const std::string KB = ot::KEYBOARD_EVENT, MOUSE = ot::MOUSE_EVENT;
 
 class InputWindowTest : public ot_test::HeadlessEngine {
  protected:
   std::string configText() const override {
-    return "headless:false,\nnetworking:false,\nrandom_seed:1,\nframe_time:20,\n"
-           "font_file:/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf,\n";
+    return "headless:false,\nnetworking:false,\nframe_time:20,\nfont_file:" + ot_test::fontFile() + ",\n";
   }
   int logLevel() const override { return 1; }
 
@@ -47,160 +38,124 @@ class InputWindowTest : public ot_test::HeadlessEngine {
     HeadlessEngine::SetUp();
     if (HasFatalFailure()) return;
     ASSERT_NE(nullptr, ot::DisplayManager::getInstance().getWindow());
-    m_p_spy = new ot_test::SpyObject;
-    m_p_spy->registerInterest(ot::STEP_EVENT);
-    m_p_spy->registerInterest(ot::KEYBOARD_EVENT);
-    m_p_spy->registerInterest(ot::MOUSE_EVENT);
-    m_p_spy->on_event = [this](ot_test::SpyObject&, const ot::Event* p_e) { record(p_e); };
-    // The window must be shown before it can take the focus.
-    runFrames(3, [] { return false; });
-    ASSERT_EQ(0, xdotool("windowfocus --sync " + windowId()));
+    auto* p_spy = new ot_test::SpyObject;
+    for (const std::string& label : {ot::STEP_EVENT, KB, MOUSE}) p_spy->registerInterest(label);
+    p_spy->on_event = [this](ot_test::SpyObject&, const ot::Event* p_e) {
+      if (p_e->getType() == ot::STEP_EVENT) {
+        m_frame++;
+        if (--m_run_left <= 0 || (m_done && m_done())) ot::GameManager::getInstance().setGameOver(true);
+      }
+      if (auto* p_key = dynamic_cast<const ot::EventKeyboard*>(p_e))
+        m_inputs.emplace_back(m_frame, What{KB, p_key->getKeyboardAction(), p_key->getKey()}, Vector());
+      if (auto* p_mouse = dynamic_cast<const ot::EventMouse*>(p_e))
+        m_inputs.emplace_back(m_frame, What{MOUSE, p_mouse->getMouseAction(), p_mouse->getMouseButton()},
+                              p_mouse->getMousePosition());
+    };
+    runFrames(3);  // the window must be shown before it can take the focus
+    ASSERT_EQ(0, xdotool("windowfocus --sync " + std::to_string(window())));
   }
 
   void TearDown() override {
     // The X server outlives the test: leave nothing held for the next one.
-    xdotool("keyup a keyup F11 keyup minus mouseup 1");
+    xdotool("keyup a keyup BackSpace keyup F11 keyup F12 keyup bracketleft mouseup 1");
     HeadlessEngine::TearDown();
   }
 
   static int xdotool(const std::string& args) {
     return std::system(("timeout 10 xdotool " + args + " >/dev/null 2>&1").c_str());
   }
-
-  static std::string windowId() {
-    return std::to_string(ot::DisplayManager::getInstance().getWindow()->getSystemHandle());
-  }
+  static Window window() { return ot::DisplayManager::getInstance().getWindow()->getSystemHandle(); }
 
   // Runs frames until done() holds at the start of one (which still runs), or
-  // max frames have run. At a frame's start the previous frame's input is whole.
-  void runFrames(int max, std::function<bool()> done) {
+  // max have run. At a frame's start the previous frame's input is whole.
+  void runFrames(int max, std::function<bool()> done = {}) {
     m_run_left = max;
     m_done = std::move(done);
     ot::GameManager::getInstance().run();
   }
+  void runUntil(std::function<bool()> done) { runFrames(150, std::move(done)); }  // 3 s
 
-  void runFramesUntil(std::function<bool()> done) { runFrames(MAX_WAIT_FRAMES, std::move(done)); }
-  void runMoreFrames(int n) {
-    runFrames(n, [] { return false; });
-  }
-
-  // Frames of the matching inputs, in order of arrival.
-  std::vector<int> framesOf(const std::string& label, int action, int code) const {
-    std::vector<int> frames;
-    for (const Input& input : m_inputs) {
-      if (input.label == label && input.action == action && input.code == code) frames.push_back(input.frame);
-    }
-    return frames;
-  }
-  int count(const std::string& label, int action, int code) const {
-    return static_cast<int>(framesOf(label, action, code).size());
-  }
-  int countIn(int frame, const std::string& label, int action, int code) const {
-    std::vector<int> frames = framesOf(label, action, code);
-    return static_cast<int>(std::count(frames.begin(), frames.end(), frame));
-  }
-  // Where the first matching input of a frame stands in the record; -1 if none.
-  int indexIn(int frame, const std::string& label, int action, int code) const {
+  // Indexes in the record of the matching inputs, of one frame or (0) of all.
+  std::vector<size_t> match(const What& what, int frame = 0) const {
+    std::vector<size_t> found;
     for (size_t i = 0; i < m_inputs.size(); i++) {
-      const Input& in = m_inputs[i];
-      if (in.frame == frame && in.label == label && in.action == action && in.code == code)
-        return static_cast<int>(i);
+      if (std::get<1>(m_inputs[i]) == what && (frame == 0 || frameOf(i) == frame)) found.push_back(i);
     }
-    return -1;
+    return found;
   }
+  int frameOf(size_t i) const { return std::get<0>(m_inputs[i]); }
 
   std::vector<Input> m_inputs;
-  int m_frame = 0;  // counts across runs
-
- private:
-  void record(const ot::Event* p_e) {
-    if (p_e->getType() == ot::STEP_EVENT) {
-      m_frame++;
-      if (--m_run_left <= 0 || m_done()) ot::GameManager::getInstance().setGameOver(true);
-    } else if (p_e->getType() == ot::KEYBOARD_EVENT) {
-      auto* p_key = static_cast<const ot::EventKeyboard*>(p_e);
-      m_inputs.push_back(
-          {m_frame, ot::KEYBOARD_EVENT, p_key->getKeyboardAction(), p_key->getKey(), Vector()});
-    } else if (p_e->getType() == ot::MOUSE_EVENT) {
-      auto* p_mouse = static_cast<const ot::EventMouse*>(p_e);
-      m_inputs.push_back({m_frame, ot::MOUSE_EVENT, p_mouse->getMouseAction(), p_mouse->getMouseButton(),
-                          p_mouse->getMousePosition()});
-    }
-  }
-
-  ot_test::SpyObject* m_p_spy = nullptr;
-  int m_run_left = 0;
+  int m_frame = 0, m_run_left = 0;  // frames count across runs
   std::function<bool()> m_done;
 };
 
-TEST_F(InputWindowTest, HeldKeyPressesOnceIsDownEveryFrameAndReleasesOnce) {
-  const std::string kb = ot::KEYBOARD_EVENT;
-  ASSERT_EQ(0, xdotool("keydown a"));
-  runFramesUntil([&] { return count(kb, ot::KEY_PRESSED, K::A) > 0; });
-  runMoreFrames(5);
+TEST_F(InputWindowTest, HeldKeyPressesOnceIsDownEveryFrameAndReleasesOnceButF11AndF12AreNeverDown) {
+  const What pressed{KB, ot::KEY_PRESSED, K::A}, down{KB, ot::KEY_DOWN, K::A},
+      released{KB, ot::KEY_RELEASED, K::A};
+  ASSERT_EQ(0, xdotool("keydown a keydown F11 keydown F12 keydown BackSpace keydown bracketleft"));
+  runUntil([&] { return !match({KB, ot::KEY_PRESSED, K::LEFTBRACKET}).empty(); });
+  runFrames(5);
   int last_held = m_frame;
-  ASSERT_EQ(0, xdotool("keyup a"));
-  runFramesUntil([&] { return count(kb, ot::KEY_RELEASED, K::A) > 0; });
-  runMoreFrames(3);
+  ASSERT_EQ(0, xdotool("keyup a keyup F11 keyup F12 keyup BackSpace keyup bracketleft key minus"));
+  runUntil([&] { return !match({KB, ot::KEY_RELEASED, -1}).empty(); });
+  runFrames(3);
 
-  ASSERT_EQ(1, count(kb, ot::KEY_PRESSED, K::A));
-  ASSERT_EQ(1, count(kb, ot::KEY_RELEASED, K::A));
-  int pressed = framesOf(kb, ot::KEY_PRESSED, K::A)[0];
-  int released = framesOf(kb, ot::KEY_RELEASED, K::A)[0];
-  EXPECT_GT(released, last_held);
+  int press = frameOf(match(pressed).at(0)), release = frameOf(match(released).at(0));
   // Between the key's release and its event a frame may already poll it up.
-  for (int frame = pressed; frame <= last_held; frame++)
-    EXPECT_EQ(1, countIn(frame, kb, ot::KEY_DOWN, K::A)) << "frame " << frame;
-  for (int frame = released + 1; frame <= m_frame; frame++)
-    EXPECT_EQ(0, countIn(frame, kb, ot::KEY_DOWN, K::A)) << "frame " << frame;
-  // The queue is read before the keyboard is polled.
-  EXPECT_LT(indexIn(pressed, kb, ot::KEY_PRESSED, K::A), indexIn(pressed, kb, ot::KEY_DOWN, K::A));
-}
-
-TEST_F(InputWindowTest, F11IsNeverDownAndHyphenHasNoCode) {
-  const std::string kb = ot::KEYBOARD_EVENT;
-  ASSERT_EQ(0, xdotool("keydown F11"));
-  runFramesUntil([&] { return count(kb, ot::KEY_PRESSED, K::F11) > 0; });
-  runMoreFrames(3);
-  ASSERT_EQ(0, xdotool("keyup F11 key minus"));
-  runFramesUntil([&] { return count(kb, ot::KEY_RELEASED, -1) > 0; });
-
-  EXPECT_EQ(1, count(kb, ot::KEY_PRESSED, K::F11));
-  EXPECT_EQ(1, count(kb, ot::KEY_RELEASED, K::F11));
-  EXPECT_EQ(0, count(kb, ot::KEY_DOWN, K::F11));
-  EXPECT_EQ(1, count(kb, ot::KEY_PRESSED, -1));
-  EXPECT_EQ(0, count(kb, ot::KEY_DOWN, K::MINUS));
+  for (int frame = press; frame <= last_held; frame++) EXPECT_EQ(1u, match(down, frame).size()) << frame;
+  for (int frame = release + 1; frame <= m_frame; frame++) EXPECT_TRUE(match(down, frame).empty()) << frame;
+  EXPECT_LT(match(pressed, press), match(down, press));  // the queue is read before the polling
+  for (int key : {K::A, K::F11, K::F12, K::BACKSPACE, K::LEFTBRACKET}) {
+    EXPECT_EQ(1u, match({KB, ot::KEY_PRESSED, key}).size()) << key;
+    EXPECT_EQ(1u, match({KB, ot::KEY_RELEASED, key}).size()) << key;
+    EXPECT_EQ(key == K::F11 || key == K::F12, match({KB, ot::KEY_DOWN, key}).empty()) << key;
+  }
+  EXPECT_EQ(1u, match({KB, ot::KEY_PRESSED, -1}).size());  // the main hyphen key has no code
+  EXPECT_TRUE(match({KB, ot::KEY_DOWN, K::MINUS}).empty());
   EXPECT_EQ(2, ot_test::logCount(logMessages(),
                                  "InputManager::toEventKeyboard(): Warning key 'Hyphen' not handled."));
 }
 
 TEST_F(InputWindowTest, HeldButtonClicksOnceAndIsPressedEveryFrame) {
-  const std::string mouse = ot::MOUSE_EVENT;
-  // 1024 by 768 pixels for 80 by 24 spaces.
-  const Vector where = ot::pixelsToSpaces(Vector(200, 150));
-  ASSERT_EQ(Vector(15.625f, 4.6875f), where);
-  ASSERT_EQ(0, xdotool("mousemove --window " + windowId() + " 200 150 mousedown 1"));
-  runFramesUntil([&] { return count(mouse, ot::CLICKED, ot::Mouse::LEFT) > 0; });
-  runMoreFrames(5);
+  const What clicked{MOUSE, ot::CLICKED, ot::Mouse::LEFT}, pressed{MOUSE, ot::PRESSED, ot::Mouse::LEFT};
+  ASSERT_EQ(0, xdotool("mousemove --window " + std::to_string(window()) + " 200 150 mousedown 1"));
+  runUntil([&] { return !match(clicked).empty(); });
+  runFrames(5);
   int last_held = m_frame;
   ASSERT_EQ(0, xdotool("mouseup 1"));
-  runFramesUntil([&] { return countIn(m_frame - 1, mouse, ot::PRESSED, ot::Mouse::LEFT) == 0; });
+  runUntil([&] { return match(pressed, m_frame - 1).empty(); });
 
-  ASSERT_EQ(1, count(mouse, ot::CLICKED, ot::Mouse::LEFT));
-  int clicked = framesOf(mouse, ot::CLICKED, ot::Mouse::LEFT)[0];
-  EXPECT_EQ(0, count(mouse, ot::CLICKED, ot::Mouse::RIGHT));
-  for (int frame = clicked; frame <= last_held; frame++)
-    EXPECT_EQ(1, countIn(frame, mouse, ot::PRESSED, ot::Mouse::LEFT)) << "frame " << frame;
-  EXPECT_LT(indexIn(clicked, mouse, ot::CLICKED, ot::Mouse::LEFT),
-            indexIn(clicked, mouse, ot::PRESSED, ot::Mouse::LEFT));
-  for (const Input& input : m_inputs) {
-    if (input.label != mouse) continue;
-    if (input.action == ot::CLICKED || input.action == ot::PRESSED) {
-      EXPECT_EQ(where, input.position);
-    }
-  }
-  // The move into place comes as MOVED without a button.
-  EXPECT_LE(1, count(mouse, ot::MOVED, -1));
+  ASSERT_EQ(1u, match(clicked).size());
+  int click = frameOf(match(clicked)[0]);
+  for (int frame = click; frame <= last_held; frame++) EXPECT_EQ(1u, match(pressed, frame).size()) << frame;
+  EXPECT_LT(match(clicked, click), match(pressed, click));
+  // 1024 by 768 pixels for 80 by 24 spaces.
+  for (const auto& [frame, what, xy] : m_inputs)
+    EXPECT_TRUE((what != clicked && what != pressed) || xy == Vector(15.625f, 4.6875f)) << frame;
+  EXPECT_FALSE(match({MOUSE, ot::MOVED, -1}).empty());  // the move into place, without a button
+}
+
+TEST_F(InputWindowTest, ClosingTheWindowSetsGameOverAndLeavesTheFrameUnread) {
+  // The close, then a key press behind it, in one connection and so in order.
+  ::Display* p_x = XOpenDisplay(nullptr);
+  ASSERT_NE(nullptr, p_x);
+  XEvent close{}, key{};
+  close.xclient = {ClientMessage, 0, True, p_x, window(), XInternAtom(p_x, "WM_PROTOCOLS", False), 32, {}};
+  close.xclient.data.l[0] = static_cast<long>(XInternAtom(p_x, "WM_DELETE_WINDOW", False));
+  key.xkey = {KeyPress, 0, True, p_x, window(), DefaultRootWindow(p_x),      0,   CurrentTime,
+              0,        0, 0,    0,   0,        XKeysymToKeycode(p_x, XK_a), True};
+  XSendEvent(p_x, window(), False, NoEventMask, &close);
+  XSendEvent(p_x, window(), False, KeyPressMask, &key);
+  XSync(p_x, False);
+  XCloseDisplay(p_x);
+
+  runFrames(3);
+  EXPECT_EQ(3 + 1, m_frame);  // the set-up's frames and one more
+  EXPECT_TRUE(match({KB, ot::KEY_PRESSED, K::A}).empty());
+  EXPECT_TRUE(ot_test::logHas(logMessages(), "InputManager::getInput(): Window closed. Setting game over."));
+  ot::InputManager::getInstance().getInput();
+  EXPECT_EQ(1u, match({KB, ot::KEY_PRESSED, K::A}).size());  // it waited in the queue
 }
 
 }  // namespace
