@@ -25,6 +25,20 @@ void Box::draw() const {
   Line(ll, lr).draw();
 }
 
+int Box::serialize(std::stringstream* p_ss) const {
+  m_corner.serialize(p_ss);
+  writeRaw(p_ss, m_horizontal);
+  writeRaw(p_ss, m_vertical);
+  return checkStream("Box::serialize()", p_ss);
+}
+
+int Box::deserialize(std::stringstream* p_ss) {
+  m_corner.deserialize(p_ss);
+  readRaw(p_ss, &m_horizontal);
+  readRaw(p_ss, &m_vertical);
+  return checkStream("Box::deserialize()", p_ss);
+}
+
 std::string Box::toString() const {
   return m_corner.toString() + " h: " + ot::toString(m_horizontal) + " v: " + ot::toString(m_vertical);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sstream>
 #include <string>
 
 #include "engine/core/Vector.h"
@@ -23,6 +24,10 @@ class Box {
 
   bool operator==(const Box& other) const;
   bool operator!=(const Box& other) const;
+
+  // Corner, horizontal, vertical: 16 bytes; the result of checkStream.
+  int serialize(std::stringstream* p_ss) const;
+  int deserialize(std::stringstream* p_ss);
 
   // Draws the outline straight into the window, for debugging.
   void draw() const;

@@ -130,6 +130,32 @@ int checkStream(const char* where, std::stringstream* p_ss) {
   return -1;
 }
 
+void readRaw(std::stringstream* p_ss, bool* p_value) {
+  unsigned char byte = 0;
+  p_ss->read(reinterpret_cast<char*>(&byte), 1);
+  if (*p_ss) *p_value = byte != 0;
+}
+
+void writeString(std::stringstream* p_ss, const std::string& text) {
+  writeRaw(p_ss, static_cast<std::uint64_t>(text.size()));
+  p_ss->write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+int readStringBytes(std::stringstream* p_ss, std::uint64_t length, std::string* p_text) {
+  if (!*p_ss) return 0;
+  if (length > static_cast<std::uint64_t>(p_ss->rdbuf()->in_avail())) {
+    p_ss->setstate(std::ios::failbit);
+    return 0;
+  }
+  char* p_buffer = static_cast<char*>(malloc(length + 1));
+  if (!p_buffer) return -1;
+  p_ss->read(p_buffer, static_cast<std::streamsize>(length));
+  p_buffer[length] = '\0';
+  if (*p_ss) *p_text = p_buffer;
+  free(p_buffer);
+  return 0;
+}
+
 std::string match(std::string str, std::string find) {
   LogManager& log = LogManager::getInstance();
   log.writeLog(25, "match(\"%s\", \"%s\")", str.c_str(), find.c_str());

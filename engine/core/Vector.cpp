@@ -44,6 +44,18 @@ bool Vector::operator!=(const Vector& other) const { return !(*this == other); }
 
 bool Vector::operator!() const { return static_cast<double>(m_x) == 0.0 && static_cast<double>(m_y) == 0.0; }
 
+int Vector::serialize(std::stringstream* p_ss) const {
+  writeRaw(p_ss, m_x);
+  writeRaw(p_ss, m_y);
+  return checkStream("Vector::serialize()", p_ss);
+}
+
+int Vector::deserialize(std::stringstream* p_ss) {
+  readRaw(p_ss, &m_x);
+  readRaw(p_ss, &m_y);
+  return checkStream("Vector::deserialize()", p_ss);
+}
+
 std::string Vector::toString() const { return "(" + ot::toString(m_x) + "," + ot::toString(m_y) + ")"; }
 
 }  // namespace ot

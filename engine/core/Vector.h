@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sstream>
 #include <string>
 
 namespace ot {
@@ -29,6 +30,10 @@ class Vector {
   bool operator!=(const Vector& other) const;
   // True when both components are exactly zero.
   bool operator!() const;
+
+  // x then y, 8 bytes; the result of checkStream.
+  int serialize(std::stringstream* p_ss) const;
+  int deserialize(std::stringstream* p_ss);
 
   // "(x,y)" with no blank.
   std::string toString() const;

@@ -2,6 +2,7 @@
 
 #include "engine/core/Event.h"
 #include "engine/core/EventLabels.h"
+#include "engine/core/LogManager.h"
 #include "engine/presentation/DisplayManager.h"
 #include "engine/presentation/Shape.h"
 #include "engine/world/WorldManager.h"
@@ -71,6 +72,17 @@ int Particle::eventHandler(const Event* p_e) {
     return 1;
   }
   return 0;
+}
+
+int Particle::serialize(std::stringstream* p_ss, unsigned int attr) {
+  LogManager::getInstance().writeLog(
+      1, "Particle::serialize(): Warning!  Particles attributes are not serialized.");
+  return Object::serialize(p_ss, attr);
+}
+
+int Particle::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
+  LogManager::getInstance().writeLog(1, "Particle::deserialize(): Warning!  Cannot deserialize particles.");
+  return Object::deserialize(p_ss, p_a);
 }
 
 }  // namespace ot

@@ -26,6 +26,9 @@ class Particle : public Object {
 
   // Counts a step down (1), ends on leaving the view (1); 0 for anything else.
   int eventHandler(const Event* p_e) override;
+  // A particle's own fields never travel: both warn, then do as Object does.
+  int serialize(std::stringstream* p_ss, unsigned int attr = 0) override;
+  int deserialize(std::stringstream* p_ss, unsigned int* p_a = nullptr) override;
 
  private:
   // The tail shared by both constructors.

@@ -1,5 +1,8 @@
 #include "engine/paths/Path.h"
 
+#include <cstdint>
+
+#include "engine/core/Utility.h"
 #include "engine/presentation/DisplayManager.h"
 
 namespace ot {
@@ -45,6 +48,25 @@ int Path::draw(Color color) const {
     result += DisplayManager::getInstance().drawCh(m_points[i], '.', color, 0);
   }
   return result;
+}
+
+int Path::serialize(std::stringstream* p_ss) const {
+  writeRaw(p_ss, static_cast<std::uint64_t>(m_points.size()));
+  for (const Vector& point : m_points) point.serialize(p_ss);
+  return checkStream("Path::serialize()", p_ss);
+}
+
+int Path::deserialize(std::stringstream* p_ss) {
+  std::uint64_t count = 0;
+  readRaw(p_ss, &count);
+  m_points.clear();
+  // A garbled count ends with the stream rather than running on.
+  for (std::int32_t i = 0; static_cast<std::uint64_t>(i) < count && *p_ss; i++) {
+    Vector point;
+    point.deserialize(p_ss);
+    if (*p_ss) m_points.push_back(point);
+  }
+  return checkStream("Path::deserialize()", p_ss);
 }
 
 std::string Path::toString() const {

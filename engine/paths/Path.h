@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,11 @@ class Path {
 
   // Each point's text followed by '|'.
   std::string toString() const;
+
+  // A 64-bit count, then the points; the index doesn't travel, so a path read
+  // starts at its first point. The result of checkStream.
+  int serialize(std::stringstream* p_ss) const;
+  int deserialize(std::stringstream* p_ss);
 
  private:
   std::vector<Vector> m_points;

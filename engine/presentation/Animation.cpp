@@ -70,6 +70,28 @@ bool Animation::operator==(const Animation& other) const {
 
 bool Animation::operator!=(const Animation& other) const { return !(*this == other); }
 
+int Animation::serialize(std::stringstream* p_ss) const {
+  writeString(p_ss, m_name);
+  writeRaw(p_ss, m_index);
+  writeRaw(p_ss, m_slowdown_count);
+  writeRaw(p_ss, m_transform);
+  return checkStream("Animation::serialize()", p_ss);
+}
+
+int Animation::deserialize(std::stringstream* p_ss) {
+  std::uint64_t length = 0;
+  readRaw(p_ss, &length);
+  if (readStringBytes(p_ss, length, &m_name) != 0) {
+    LogManager::getInstance().writeLog("Animation::deserialize(): Error! Cannot allocate %d bytes.",
+                                       static_cast<int>(length + 1));
+    return -1;
+  }
+  readRaw(p_ss, &m_index);
+  readRaw(p_ss, &m_slowdown_count);
+  readRaw(p_ss, &m_transform);
+  return checkStream("Animation::deserialize()", p_ss);
+}
+
 std::string Animation::toString() const {
   return "sprite " + m_name + ", frame_idx " + ot::toString(m_index) + ", slowdown_count " +
          ot::toString(m_slowdown_count) + ", transform " + ot::toString(m_transform);

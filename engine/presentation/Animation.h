@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sstream>
 #include <string>
 
 #include "engine/core/Box.h"
@@ -42,6 +43,12 @@ class Animation {
   bool operator!=(const Animation& other) const;
 
   std::string toString() const;
+
+  // Name, index, slowdown count, transform; the sprite is found again by name
+  // by whoever reads it. The result of checkStream, or -1 when the name's
+  // buffer can't be had.
+  int serialize(std::stringstream* p_ss) const;
+  int deserialize(std::stringstream* p_ss);
 
  private:
   Sprite* m_sprite = nullptr;

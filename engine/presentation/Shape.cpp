@@ -102,6 +102,22 @@ void Shape::draw(Vector world_position) {
   p_window->draw(figure, sf::RenderStates::Default);
 }
 
+int Shape::serialize(std::stringstream* p_ss) const {
+  writeRaw(p_ss, m_type);
+  writeRaw(p_ss, m_size);
+  writeRaw(p_ss, m_color);
+  writeRaw(p_ss, m_opacity);
+  return checkStream("Shape::serialize()", p_ss);
+}
+
+int Shape::deserialize(std::stringstream* p_ss) {
+  readRaw(p_ss, &m_type);
+  readRaw(p_ss, &m_size);
+  readRaw(p_ss, &m_color);
+  readRaw(p_ss, &m_opacity);
+  return checkStream("Shape::deserialize()", p_ss);
+}
+
 std::string Shape::toString() const {
   const char* type = "undefined";
   if (m_type == SHAPE_CIRCLE) type = "circle";

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sstream>
 #include <string>
 
 #include "engine/core/Types.h"
@@ -48,6 +49,11 @@ class Shape {
   void draw(Vector world_position);
 
   std::string toString() const;
+
+  // Type, size, colour, opacity: 13 bytes. A custom colour's r, g, b don't
+  // travel. The result of checkStream.
+  int serialize(std::stringstream* p_ss) const;
+  int deserialize(std::stringstream* p_ss);
 
  private:
   Color m_color = WHITE;

@@ -1,5 +1,6 @@
 #include "engine/presentation/ViewObject.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "engine/core/EventView.h"
@@ -10,6 +11,17 @@
 #include "engine/world/WorldManager.h"
 
 namespace ot {
+
+namespace {
+
+// -1, a place given by position, is no Location; its text is the one any
+// unknown location gets.
+std::string locationText(int location) {
+  bool located = location >= TOP_LEFT && location <= BOTTOM_RIGHT;
+  return located ? ot::toString(static_cast<Location>(location)) : "unknown";
+}
+
+}  // namespace
 
 ViewObject::ViewObject() {
   setSolidness(SPECTRAL);
@@ -126,6 +138,86 @@ void ViewObject::setViewString(std::string view_string) {
   setModified(getModified() | APPEARANCE);
 }
 
+int ViewObject::serialize(std::stringstream* p_ss, unsigned int attr) {
+  LogManager& log = LogManager::getInstance();
+  log.writeLog(20, "ViewObject::serialize(): serializing attributes");
+  log.writeLog(20, "ViewObject::serialize(): attr is %u, modified is %u (%s)", attr, getModified(),
+               isModified() ? "true" : "false");
+  // With no mask given, the mask written there is the whole modified one, so
+  // it announces this item's own fields as well.
+  Object::serialize(p_ss, attr);
+  unsigned int modified = getModified();
+  auto wanted = [&](unsigned int bit) {
+    if (!((attr == 0 && (modified & bit)) || (attr & bit))) return false;
+    modified &= ~bit;
+    return true;
+  };
+  if (wanted(VALUE)) {
+    log.writeLog(25, "\tVALUE");
+    writeRaw(p_ss, m_value);
+  }
+  if (wanted(APPEARANCE)) {
+    log.writeLog(25, "\tAPPEARANCE");
+    writeString(p_ss, m_view_string);
+    log.writeLog(25, "\tVIEW_STRING: %s", m_view_string.c_str());
+    writeRaw(p_ss, m_border);
+    log.writeLog(25, "\tBORDER: %s", ot::toString(m_border).c_str());
+    writeRaw(p_ss, m_color);
+    log.writeLog(25, "\tCOLOR: %s", ot::toString(m_color).c_str());
+    writeRaw(p_ss, m_location);
+    log.writeLog(25, "\tLOCATION: %s", locationText(m_location).c_str());
+    writeRaw(p_ss, m_draw_value);
+    log.writeLog(25, "\tDRAW_VALUE: %s", ot::toString(m_draw_value).c_str());
+  }
+  setModified(modified);
+  return checkStream("ViewObject::serialize()", p_ss);
+}
+
+int ViewObject::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
+  LogManager& log = LogManager::getInstance();
+  unsigned int local_attr = 0;
+  if (!p_a) p_a = &local_attr;
+  int result = Object::deserialize(p_ss, p_a);
+  if (result != 0) {
+    log.writeLog("ViewObject::deserialize(): Error calling Object::deserialize().");
+    return result;
+  }
+  const unsigned int attr = *p_a;
+  log.writeLog(20, "ViewObject::deserialize(): attr %u (%s)", attr, toBinaryString(attr).c_str());
+  if (attr & VALUE) {
+    int value = m_value;
+    readRaw(p_ss, &value);
+    setValue(value);
+    log.writeLog(25, "\tVALUE: %d", value);
+  }
+  if (attr & APPEARANCE) {
+    std::uint64_t length = 0;
+    readRaw(p_ss, &length);
+    std::string view_string = m_view_string;
+    // Reading goes on after a failed buffer, out of step with the stream.
+    if (readStringBytes(p_ss, length, &view_string) != 0)
+      log.writeLog("ViewObject::deserialize(): Error! Cannot allocate %d bytes.",
+                   static_cast<int>(length + 1));
+    else
+      setViewString(view_string);
+    bool border = m_border;
+    readRaw(p_ss, &border);
+    setBorder(border);
+    Color color = m_color;
+    readRaw(p_ss, &color);
+    setColor(color);
+    int location = m_location;
+    readRaw(p_ss, &location);
+    setLocation(location);
+    bool draw_value = m_draw_value;
+    readRaw(p_ss, &draw_value);
+    setDrawValue(draw_value);
+  }
+  // The setters above marked this item's own bits, and they stay marked.
+  log.writeLog(20, "ViewObject::deserialize(): done checking all types.");
+  return checkStream("ViewObject::deserialize()", p_ss);
+}
+
 bool ViewObject::operator==(const ViewObject& other) const {
   return Object::operator==(other) && m_view_string == other.m_view_string && m_value == other.m_value &&
          m_draw_value == other.m_draw_value && m_border == other.m_border && m_color == other.m_color &&
@@ -133,12 +225,9 @@ bool ViewObject::operator==(const ViewObject& other) const {
 }
 
 std::string ViewObject::toString() const {
-  // Checked here since -1 is no Location; the text is the one toString gives too.
-  bool located = m_location >= TOP_LEFT && m_location <= BOTTOM_RIGHT;
-  std::string location = located ? ot::toString(static_cast<Location>(m_location)) : "unknown";
   return Object::toString() + ", " + m_view_string + ", " + ot::toString(m_value) + ", value " +
          ot::toString(m_draw_value) + ", border " + ot::toString(m_border) + ", " + ot::toString(m_color) +
-         ", " + location;
+         ", " + locationText(m_location);
 }
 
 }  // namespace ot

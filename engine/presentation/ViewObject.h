@@ -52,6 +52,13 @@ class ViewObject : public Object {
   Color getColor() const { return m_color; }
   std::string getViewString() const { return m_view_string; }
 
+  // Object's attributes, then the value and the appearance under the same
+  // mask; the result of checkStream.
+  int serialize(std::stringstream* p_ss, unsigned int attr = 0) override;
+  // Reading marks the value and appearance as changed again, unlike Object's
+  // attributes.
+  int deserialize(std::stringstream* p_ss, unsigned int* p_a = nullptr) override;
+
   bool operator==(const ViewObject& other) const;
   std::string toString() const;
 

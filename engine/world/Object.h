@@ -78,6 +78,12 @@ class Object {
   virtual void setAnimation(Animation animation, bool set_box = true);
   // Draws the animation, then the shape if it has one; the animation's result.
   virtual int draw();
+  // Writes the attributes that changed since the last write (attr 0), or
+  // exactly those in attr, and counts them as sent; the result of checkStream.
+  virtual int serialize(std::stringstream* p_ss, unsigned int attr = 0);
+  // Applies what serialize wrote through the setters and clears the modified
+  // mask; *p_a receives the mask read, for a subclass to go on with.
+  virtual int deserialize(std::stringstream* p_ss, unsigned int* p_a = nullptr);
   virtual void setModified(unsigned int modified) { m_modified = modified; }
   virtual unsigned int getModified() const { return m_modified; }
   virtual void setShape(Shape shape);
