@@ -6,6 +6,8 @@
 
 #include "engine/core/Config.h"
 #include "engine/core/LogManager.h"
+#include "engine/network/NetworkManager.h"
+#include "engine/presentation/InputManager.h"
 #include "engine/world/WorldManager.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/HeadlessEngine.h"
@@ -20,9 +22,9 @@ class StartUp : public ::testing::Test {
     if (GameManager::getInstance().isStarted()) GameManager::getInstance().shutDown();
     ot::LogManager::getInstance().setLogLevel(0);
   }
-  static int start(const std::string& config) {
+  static int start(const std::string& config, const std::string& display = "headless:true,") {
     setenv("OSTREL_LOG", testLogPath().c_str(), 1);
-    setenv("OSTREL_CONFIG", writeTempFile("config.txt", "headless:true," + config).c_str(), 1);
+    setenv("OSTREL_CONFIG", writeTempFile("config.txt", display + config).c_str(), 1);
     ot::Config::getInstance().reset();
     ot::LogManager::getInstance().setLogLevel(10);
     return GameManager::getInstance().startUp();
@@ -62,6 +64,21 @@ TEST_F(StartUp, StartsManagersInOrderStopsThemInReverseRefusesASecondStartAndMay
   srand(99);
   ASSERT_EQ(0, start("random_seed:-1,"));
   EXPECT_EQ(expected_draw, rand());
+}
+
+TEST_F(StartUp, AFailedDisplayStopsTheStartAndOnlyWhatStartedIsStopped) {
+  // With or without an X display, a font that isn't there fails the display.
+  ASSERT_EQ(-1, start("networking:false,font_file:/nonexistent/font.ttf,", "headless:false,"));
+  GameManager::getInstance().shutDown();
+  EXPECT_FALSE(ot::InputManager::getInstance().isStarted());
+  EXPECT_FALSE(ot::NetworkManager::getInstance().isStarted());
+  auto log = readLogMessages();
+  EXPECT_TRUE(logHas(log, "GameManager::startUp(): Error! Starting display manager."));
+  EXPECT_TRUE(logHas(log, "** Game engine stopped **"));
+  for (const char* line : {"Display manager stopped", "Input manager stopped", "Network manager stopped"})
+    EXPECT_FALSE(logHas(log, line)) << line;
+  ASSERT_EQ(0, start("networking:false,"));
+  EXPECT_FALSE(ot::NetworkManager::getInstance().isStarted());
 }
 
 class Frames : public HeadlessEngine {};

@@ -78,3 +78,15 @@ TEST_F(Interests, DeliveryWalksACopyTestsActivityObjectByObjectAndCountsWhoHandl
   EXPECT_EQ(1, p[1]->count("ping")) << "unregistered during delivery, still in the copy";
   EXPECT_EQ(0, send("ping") + p[2]->count("ping"));
 }
+
+TEST_F(Interests, AHandlerMaySendTheSameEventAgainWhileItIsDelivered) {
+  SpyObject* p[2] = {new SpyObject, new SpyObject};
+  for (SpyObject* p_spy : p) p_spy->registerInterest("echo");
+  int inner = -1;
+  p[0]->on_event = [&inner](SpyObject& self, const ot::Event*) {
+    if (self.count("echo") == 1) inner = send("echo");
+  };
+  EXPECT_EQ(2, send("echo"));
+  EXPECT_EQ(2, inner);
+  EXPECT_EQ(2, p[1]->count("echo"));
+}

@@ -77,3 +77,9 @@ TEST(ObjectListIterator, StopsEarlyWhenTheListShrinksAndAssignmentStartsOver) {
   it = other;
   EXPECT_EQ(fake(0), it.currentObject());
 }
+
+TEST(ObjectList, EqualityLooksOnlyAtTheRecordsFirstCountBytes) {
+  EXPECT_TRUE(listOf({1}) == listOf({2})) << "one byte: the counts agree, the items aren't looked at";
+  EXPECT_TRUE(listOf({1, 2, 3, 4, 5}) == listOf({6, 7, 8, 9, 10})) << "five bytes: count and capacity";
+  EXPECT_TRUE(listOf({1}) != listOf({1, 1}));
+}

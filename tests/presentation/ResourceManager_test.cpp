@@ -1,5 +1,6 @@
 #include "engine/presentation/ResourceManager.h"
 
+#include <cstdlib>
 #include <tuple>
 #include <utility>
 
@@ -178,3 +179,14 @@ TEST_F(Resources, HoldAThousandSpritesAndUnloadingUncoversTheNextOfALabel) {
 }
 
 }  // namespace
+
+TEST_F(Resources, ShippedExamplesLoadAndNothingLoadsBeforeTheStart) {
+  const std::string dir = std::string(getenv("OSTREL_SOURCE_DIR")) + "/sprites/examples/";
+  EXPECT_EQ(0, rm.loadSprite(dir + "coin-simple.txt", "simple"));
+  EXPECT_EQ(0, rm.loadSprite(dir + "coin-robust.txt", "robust"));
+  EXPECT_EQ(rm.getSprite("simple")->getFrameCount(), rm.getSprite("robust")->getFrameCount());
+  rm.shutDown();
+  EXPECT_EQ(-1, rm.loadSprite(dir + "coin-simple.txt", "late"));
+  EXPECT_TRUE(ot_test::logHas(logMessages(), "ResourceManager not started!"));
+  rm.startUp();
+}

@@ -46,3 +46,12 @@ TEST_F(WorldGeometry, NormalSearchPilesUpItsScalingsAndFindsNoSideForObjectsApar
   getNormal(p_o, p_wall);
   EXPECT_TRUE(logHas(logMessages(), kLine));
 }
+
+TEST(Geometry, AnglesStartUpwardAndMasksPrintAllThirtyTwoBits) {
+  // Up is 0 but for the float rounding of a quarter turn.
+  EXPECT_NEAR(0.0f, vectorToAngle(Vector(0, -1)), 1e-5);
+  EXPECT_FLOAT_EQ(90.0f, vectorToAngle(Vector(1, 0)));
+  EXPECT_FLOAT_EQ(180.0f, vectorToAngle(Vector(0, 1)));
+  EXPECT_EQ(std::string(29, '0') + "101", toBinaryString(5));
+  EXPECT_EQ(std::string(32, '1'), toBinaryString(0xffffffffu));
+}

@@ -117,3 +117,17 @@ TEST_F(Objects, FollowerSnapsToEveryNodeWithinThreeQuartersOfAStepAndStopsAtTheE
   EXPECT_EQ(Vector(0, 0), p_o->getDirection());
   EXPECT_FLOAT_EQ(1.0f, p_o->getSpeed());
 }
+
+TEST_F(Objects, TextKeepsItsSlips) {
+  auto* p_o = new Object;
+  p_o->setType("Thing");
+  Shape shape;
+  shape.setSize(2);
+  p_o->setShape(shape);
+  EXPECT_EQ(std::to_string(p_o->getId()) +
+                ", Thing, (1,1), active true, visible true, [(-0.5,-0.5) h: 0.99 v: 0.99], dir (0,0), "
+                "speed 0, accel (0,0), alt 2, hard, [ani sprite , frame_idx 0, slowdown_count 0, transform "
+                "NONE], false, no soft 0, [shape circle, size 2.000000, White, 255], [path , follow false, "
+                "avoidfalse]",
+            p_o->toString());
+}

@@ -1,6 +1,8 @@
 #include "engine/world/WorldManager.h"
 
 #include "engine/presentation/ViewObject.h"
+#include "engine/world/Circle.h"
+#include "engine/world/Line.h"
 #include "tests/support/HeadlessEngine.h"
 #include "tests/support/SpyObject.h"
 
@@ -69,4 +71,39 @@ TEST_F(World, WarnsOfSlackOutOfRangeAndOfObjectsMadeBeforeTheStart) {
   EXPECT_TRUE(logHas(log, "                              because WorldManager not started."));
   delete p_o;
   world().startUp();
+}
+
+TEST_F(World, AnObjectMadeDuringTheUpdateMovesFromTheNextFrameOn) {
+  SpyObject* p_made = nullptr;
+  (new SpyObject("Wall"))->setPosition(Vector(20, 10));
+  auto* p_mover = new SpyObject("Mover");
+  p_mover->setPosition(Vector(19, 10));
+  p_mover->setVelocity(Vector(1, 0));
+  p_mover->on_event = [&p_made](SpyObject&, const Event*) {
+    if (p_made) return;
+    p_made = new SpyObject("Made");
+    p_made->setPosition(Vector(5, 5));
+    p_made->setVelocity(Vector(1, 0));
+  };
+  world().update();
+  ASSERT_NE(nullptr, p_made);
+  EXPECT_EQ(Vector(5, 5), p_made->getPosition());
+  world().update();
+  EXPECT_EQ(Vector(6, 5), p_made->getPosition());
+}
+
+TEST_F(World, QueriesSeeActiveObjectsOfEveryKindAndCirclesMustHoldACorner) {
+  auto* p_ghost = new SpyObject("Ghost");
+  p_ghost->setSolidness(SPECTRAL);
+  p_ghost->setPosition(Vector(10, 10));
+  auto* p_off = new SpyObject("Off");
+  p_off->setPosition(Vector(10, 10));
+  p_off->setActive(false);
+  EXPECT_EQ(1, world().objectsAtPosition(Vector(10.9f, 10)).getCount());
+  EXPECT_EQ(0, world().objectsAtPosition(Vector(11, 10)).getCount());
+  EXPECT_EQ(1, world().objectsOnLine(Line(Vector(0, 10), Vector(20, 10))).getCount());
+  EXPECT_EQ(1, world().objectsInCircle(Circle(Vector(11, 10), 1)).getCount());
+  EXPECT_EQ(0, world().objectsInCircle(Circle(Vector(10, 10), 0.1f)).getCount()) << "inside, but no corner";
+  EXPECT_EQ(0, world().objectsOfType("Off").getCount());
+  EXPECT_EQ(p_off, world().objectWithId(p_off->getId()));
 }
