@@ -1,13 +1,13 @@
 // Shows what the display draws: strings in the eight colours and the three
-// justifications, a sprite built in code under each transform, a shaken frame
-// and the three shapes; then saves a screenshot.
+// justifications, a sprite built in code under each transform and the three
+// shapes, saved as a screenshot; then a shaken frame, saved beside it with
+// "-shaken" before the extension.
 //
 //   ostrel-display-demo [screenshot.png]     (default display-demo.png)
 //
 // Reads ot-font.ttf from the working directory, or the system's DejaVu Sans
 // Mono when there is none.
 
-#include <SFML/Graphics.hpp>
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -28,14 +28,6 @@ using ot::Vector;
 std::string demoFont() {
   if (std::ifstream("ot-font.ttf").good()) return "ot-font.ttf";
   return "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
-}
-
-// The back buffer as it stands: what has been drawn since the last swap.
-sf::Texture grab(sf::RenderWindow& window) {
-  sf::Texture texture;
-  texture.create(window.getSize().x, window.getSize().y);
-  texture.update(window);
-  return texture;
 }
 
 void drawColors(DisplayManager& display) {
@@ -95,8 +87,8 @@ void drawShapes(DisplayManager& display) {
   }
 }
 
-// Drawn after a swap with a shake set: the characters move, their blue
-// background rectangles stay where the cells are.
+// In a shaken frame every character moves by a few pixels while the
+// background rectangles stay on their cells, which the blue ones show.
 void drawShaken(DisplayManager& display) {
   display.drawString(Vector(56, 15), "Shaken frame", ot::LEFT_JUSTIFIED, ot::WHITE);
   display.setBackgroundColor(ot::BLUE);
@@ -123,7 +115,6 @@ int main(int argc, char* argv[]) {
     return 1;
   }
   DisplayManager& display = DisplayManager::getInstance();
-  sf::RenderWindow& window = *display.getWindow();
 
   ot::Sprite sprite(1);
   sprite.setLabel("demo");
@@ -139,21 +130,22 @@ int main(int argc, char* argv[]) {
   drawJustified(display);
   drawTransforms(display, sprite);
   drawShapes(display);
+  bool saved = display.saveScreenshot(out) == 0;
 
-  // Keep this frame, then shake the next one and lay the kept one beneath it.
-  sf::Texture still = grab(window);
+  // The swap that clears the back buffer also sets the next frame's shake.
   display.shake(2, 4, 1, false);
   display.swapBuffers();
-  window.draw(sf::Sprite(still));
   drawShaken(display);
-
-  bool saved = display.saveScreenshot(out) == 0;
+  std::string shaken_out = out;
+  size_t dot = shaken_out.rfind('.');
+  shaken_out.insert(dot == std::string::npos ? shaken_out.size() : dot, "-shaken");
+  saved = display.saveScreenshot(shaken_out) == 0 && saved;
   display.swapBuffers();
   game.shutDown();
   if (!saved) {
-    std::fprintf(stderr, "display demo: can't write %s\n", out.c_str());
+    std::fprintf(stderr, "display demo: can't write %s or %s\n", out.c_str(), shaken_out.c_str());
     return 1;
   }
-  std::printf("display demo: screenshot in %s\n", out.c_str());
+  std::printf("display demo: screenshots in %s and %s\n", out.c_str(), shaken_out.c_str());
   return 0;
 }
