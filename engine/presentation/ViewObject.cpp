@@ -147,11 +147,7 @@ int ViewObject::serialize(std::stringstream* p_ss, unsigned int attr) {
   // it announces this item's own fields as well.
   Object::serialize(p_ss, attr);
   unsigned int modified = getModified();
-  auto wanted = [&](unsigned int bit) {
-    if (!((attr == 0 && (modified & bit)) || (attr & bit))) return false;
-    modified &= ~bit;
-    return true;
-  };
+  auto wanted = [&](unsigned int bit) { return takeForWriting(bit, attr, &modified); };
   if (wanted(VALUE)) {
     log.writeLog(25, "\tVALUE");
     writeRaw(p_ss, m_value);

@@ -144,6 +144,10 @@ class Object {
   // Hands back the id the constructor just took, so that bursts of short-lived
   // objects (particles take id 0) don't use ids up.
   static void giveBackId();
+  // Whether serialize writes an attribute: with attr 0 when *p_modified holds
+  // its bit, else when attr does. A bit written counts as sent and leaves
+  // *p_modified.
+  static bool takeForWriting(unsigned int bit, unsigned int attr, unsigned int* p_modified);
 
  private:
   // Removes and deletes a running search.

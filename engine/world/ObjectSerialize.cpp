@@ -17,6 +17,12 @@ const char* yesNo(bool value) { return value ? "true" : "false"; }
 
 }  // namespace
 
+bool Object::takeForWriting(unsigned int bit, unsigned int attr, unsigned int* p_modified) {
+  if (!((attr == 0 && (*p_modified & bit)) || (attr & bit))) return false;
+  *p_modified &= ~bit;
+  return true;
+}
+
 int Object::serialize(std::stringstream* p_ss, unsigned int attr) {
   LogManager& log = LogManager::getInstance();
   log.writeLog(20, "Object::serialize(): attr is %u, modified is %u (%s)", attr, m_modified,
@@ -24,13 +30,7 @@ int Object::serialize(std::stringstream* p_ss, unsigned int attr) {
   log.writeLog(25, "\t%s", toBinaryString(attr).c_str());
   writeRaw(p_ss, attr == 0 ? m_modified : attr);
 
-  // With no mask given, what changed goes; a given mask goes as it is. Either
-  // way a field written counts as sent.
-  auto wanted = [&](unsigned int bit) {
-    if (!((attr == 0 && (m_modified & bit)) || (attr & bit))) return false;
-    m_modified &= ~bit;
-    return true;
-  };
+  auto wanted = [&](unsigned int bit) { return takeForWriting(bit, attr, &m_modified); };
   if (wanted(ID)) {
     writeRaw(p_ss, m_id);
     log.writeLog(25, "\tID: %d", m_id);
