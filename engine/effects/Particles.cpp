@@ -313,7 +313,7 @@ int explode(Sprite* sprite, int frame_index, Vector position, int age, float spe
       if (c == transparency) continue;
       // The age spread divides by age / 4.
       if (age / 4 == 0) {
-        log.writeLog("explode(): Warning! age %d leaves no spread; it must be at least 4.", age);
+        log.writeLog("explode(): Warning! age %d leaves no spread (age / 4 is 0); give 4 or more.", age);
         return -1;
       }
 

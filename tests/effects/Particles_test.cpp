@@ -178,7 +178,8 @@ TEST_F(ParticlesTest, ExplodeMakesOneDebrisPerVisibleCharacterMirroredByTheTrans
   for (int age : {-3, 3}) {  // age / 4 divides the age spread: a zero is refused once a debris is due
     EXPECT_EQ(0, ot::explode(&sprite, 1, Vector(), age, 1.0f, 1.0f, ot::NONE));
     EXPECT_EQ(-1, ot::explode(&sprite, 0, Vector(), age, 1.0f, 1.0f, ot::NONE));
-    EXPECT_EQ("explode(): Warning! age " + std::to_string(age) + " leaves no spread; it must be at least 4.",
+    EXPECT_EQ("explode(): Warning! age " + std::to_string(age) +
+                  " leaves no spread (age / 4 is 0); give 4 or more.",
               logMessages().back());
   }
   EXPECT_EQ(0, ot::explode(&sprite, 0, Vector(), -4, 1.0f, 1.0f, ot::NONE));
