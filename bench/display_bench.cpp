@@ -5,7 +5,7 @@
 // The batch is the floor of what SFML can do here. Both end each frame with
 // swapBuffers. Needs a display: run it under Xvfb.
 //
-//   xvfb-run -a -s "-screen 0 1280x1024x24" ./display_bench
+//   xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" ./display_bench
 
 #include <benchmark/benchmark.h>
 

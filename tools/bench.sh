@@ -12,5 +12,6 @@ cmake --build build-bench -j2
 export ALSOFT_DRIVERS="${ALSOFT_DRIVERS:-null}"
 for bench in build-bench/bench/*_bench; do
   echo "== $(basename "$bench")"
-  xvfb-run -a -s "-screen 0 1280x1024x24" "$bench" "$@"
+  # -noreset: the server would otherwise reset between one window and the next.
+  xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" "$bench" "$@"
 done
