@@ -42,6 +42,12 @@ void readRaw(std::stringstream* p_ss, T* p_value) {
 // A bool travels as one byte; any byte but 0 reads as true. Unchanged when the
 // read fails.
 void readRaw(std::stringstream* p_ss, bool* p_value);
+// The value read, or present when the read fails: what a setter is then given.
+template <typename T>
+T readOver(std::stringstream* p_ss, T present) {
+  readRaw(p_ss, &present);
+  return present;
+}
 
 // A string travels as a 64-bit length, then its bytes with no NUL.
 void writeString(std::stringstream* p_ss, const std::string& text);

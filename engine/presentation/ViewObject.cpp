@@ -181,8 +181,7 @@ int ViewObject::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
   const unsigned int attr = *p_a;
   log.writeLog(20, "ViewObject::deserialize(): attr %u (%s)", attr, toBinaryString(attr).c_str());
   if (attr & VALUE) {
-    int value = m_value;
-    readRaw(p_ss, &value);
+    int value = readOver(p_ss, m_value);
     setValue(value);
     log.writeLog(25, "\tVALUE: %d", value);
   }
@@ -196,17 +195,13 @@ int ViewObject::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
                    static_cast<int>(length + 1));
     else
       setViewString(view_string);
-    bool border = m_border;
-    readRaw(p_ss, &border);
+    bool border = readOver(p_ss, m_border);
     setBorder(border);
-    Color color = m_color;
-    readRaw(p_ss, &color);
+    Color color = readOver(p_ss, m_color);
     setColor(color);
-    int location = m_location;
-    readRaw(p_ss, &location);
+    int location = readOver(p_ss, m_location);
     setLocation(location);
-    bool draw_value = m_draw_value;
-    readRaw(p_ss, &draw_value);
+    bool draw_value = readOver(p_ss, m_draw_value);
     setDrawValue(draw_value);
   }
   // The setters above marked this item's own bits, and they stay marked.

@@ -120,20 +120,17 @@ int Object::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
   log.writeLog(20, "Object::deserialize(): attr %u (%s)", attr, toBinaryString(attr).c_str());
 
   if (attr & ID) {
-    int id = m_id;
-    readRaw(p_ss, &id);
+    int id = readOver(p_ss, m_id);
     setId(id);
     log.writeLog(25, "\tID: %d", id);
   }
   if (attr & ACTIVE) {
-    bool active = m_is_active;
-    readRaw(p_ss, &active);
+    bool active = readOver(p_ss, m_is_active);
     setActive(active);
     log.writeLog(25, "\tACTIVE: %s", yesNo(active));
   }
   if (attr & VISIBLE) {
-    bool visible = m_is_visible;
-    readRaw(p_ss, &visible);
+    bool visible = readOver(p_ss, m_is_visible);
     setVisible(visible);
     log.writeLog(25, "\tVISIBLE: %s", yesNo(visible));
   }
@@ -199,20 +196,17 @@ int Object::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
     log.writeLog(25, "\tANIMATION: %s", m_animation.toString().c_str());
   }
   if (attr & ALTITUDE) {
-    int altitude = m_altitude;
-    readRaw(p_ss, &altitude);
+    int altitude = readOver(p_ss, m_altitude);
     setAltitude(altitude);
     log.writeLog(25, "\tALTITUDE: %d", altitude);
   }
   if (attr & SOLIDNESS) {
-    Solidness solidness = m_solidness;
-    readRaw(p_ss, &solidness);
+    Solidness solidness = readOver(p_ss, m_solidness);
     setSolidness(solidness);
     log.writeLog(25, "\tSOLIDNESS: %s", ot::toString(solidness).c_str());
   }
   if (attr & NO_SOFT) {
-    bool no_soft = m_no_soft;
-    readRaw(p_ss, &no_soft);
+    bool no_soft = readOver(p_ss, m_no_soft);
     setNoSoft(no_soft);
     log.writeLog(25, "\tNO_SOFT: %s", yesNo(no_soft));
   }
@@ -223,8 +217,7 @@ int Object::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
     log.writeLog(25, "\tDIRECTION: %s", direction.toString().c_str());
   }
   if (attr & SPEED) {
-    float speed = m_speed;
-    readRaw(p_ss, &speed);
+    float speed = readOver(p_ss, m_speed);
     setSpeed(speed);
     log.writeLog(25, "\tSPEED: %f", speed);
   }
@@ -241,8 +234,7 @@ int Object::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
     log.writeLog(25, "\tSHAPE: %s", shape.toString().c_str());
   }
   if (attr & FOLLOW_PATH) {
-    bool follow_path = m_follow_path;
-    readRaw(p_ss, &follow_path);
+    bool follow_path = readOver(p_ss, m_follow_path);
     setFollowPath(follow_path);
     log.writeLog(25, "\tFOLLOW_PATH: %s", yesNo(follow_path));
   }
@@ -253,8 +245,7 @@ int Object::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
     log.writeLog(25, "\tPATH: %s", path.toString().c_str());
   }
   if (attr & AVOID_COLLISIONS) {
-    bool avoid = m_avoid_collisions;
-    readRaw(p_ss, &avoid);
+    bool avoid = readOver(p_ss, m_avoid_collisions);
     setAvoidCollisions(avoid);
     log.writeLog(25, "\tAVOID_COLLISIONS: %s", yesNo(avoid));
   }
