@@ -4,11 +4,14 @@
 
 // The game's set-up, called by main between engine start-up and the loop.
 
-// Loads the game's sprites from sprites/.
+// Loads the nine sprites from sprites/ under the working directory.
 void loadGameSprites();
-// Loads one sprite; a missing or bad file is logged and skipped.
+// Loads one sprite with '.' drawn see-through; a missing or bad file is
+// logged and skipped, and whatever wears it goes without a picture.
 void loadGameSprite(std::string file, std::string label);
-// Sets the world's geometry and creates the objects a run starts with.
+// Sets the world's geometry and creates the objects a run starts with: the
+// Level first (the others find it), the Hero, the Spawner and its enemies,
+// the HUD, the GameTimer.
 void populateWorld();
-// Creates the HUD items.
+// Creates the four HUD items.
 void createHud();

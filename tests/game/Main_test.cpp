@@ -1,9 +1,11 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <regex>
 
@@ -13,11 +15,13 @@ using Lines = std::vector<std::string>;
 static const std::string STARS(52, '*');
 
 // Starts the game headless with log and standard error at these paths; log_fd becomes its fd 3.
-static pid_t startGame(const std::string& log_path, const std::string& err_path, int log_fd = -1) {
+static pid_t startGame(const std::string& log_path, const std::string& err_path, int log_fd = -1,
+                       const std::string& dir = "") {
   std::string config_path = ot_test::writeTempFile("game-config.txt", "headless:true,\nnetworking:false,\n");
   pid_t pid = fork();
   if (pid == 0) {
     if (log_fd >= 0) dup2(log_fd, 3);
+    if (!dir.empty() && chdir(dir.c_str()) != 0) _exit(126);
     setenv("OSTREL_CONFIG", config_path.c_str(), 1);
     setenv("OSTREL_LOG", log_path.c_str(), 1);
     dup2(open(err_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 2);
@@ -34,22 +38,34 @@ static int exitStatus(pid_t pid) {
 
 class GameProcess : public ::testing::TestWithParam<int> {};
 
-TEST_P(GameProcess, HeadlessRunStopsOnSignalWithStatusZero) {
+// Runs the game headless from dir (the repository root by default) and signals it once the
+// log shows the line that stop_after begins with; its log messages and exit status.
+static std::pair<Lines, int> runGameUntil(const std::string& stop_after, int signal,
+                                          const std::string& dir = std::getenv("OSTREL_SOURCE_DIR")) {
   // The log is a pipe, read as the game writes it: no timing, and no wait past the game's end.
   int fds[2];
-  ASSERT_EQ(0, pipe(fds));
-  pid_t pid = startGame("/dev/fd/3", "/dev/null", fds[1]);
+  if (pipe(fds) != 0) return {{}, -1};
+  pid_t pid = startGame("/dev/fd/3", "/dev/null", fds[1], dir);
   close(fds[1]);
   FILE* p_log = fdopen(fds[0], "r");
   std::string text;
   char line[512];
+  bool signalled = false;
   while (fgets(line, sizeof(line), p_log)) {
-    if (text.empty()) kill(pid, GetParam());  // the log is flushed first once the game has started
     text += line;
+    if (!signalled && text.find(stop_after) != std::string::npos) {
+      kill(pid, signal);
+      signalled = true;
+    }
   }
   fclose(p_log);
-  EXPECT_EQ(0, exitStatus(pid));
-  Lines messages = ot_test::readLogMessages(ot_test::writeTempFile("game-copy.log", text));
+  int status = exitStatus(pid);
+  return {ot_test::readLogMessages(ot_test::writeTempFile("game-copy.log", text)), status};
+}
+
+TEST_P(GameProcess, HeadlessRunStopsOnSignalWithStatusZero) {
+  auto [messages, status] = runGameUntil(STARS, GetParam());  // the banner comes first, flushed
+  EXPECT_EQ(0, status);
   ASSERT_GE(messages.size(), 4u);
   EXPECT_EQ((Lines{STARS, "** Ostrel version 4.25 **", "** Game engine started **"}),
             Lines(messages.begin(), messages.begin() + 3));
@@ -57,6 +73,22 @@ TEST_P(GameProcess, HeadlessRunStopsOnSignalWithStatusZero) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, GameProcess, ::testing::Values(SIGINT, SIGTERM));
+
+TEST(GameStart, WithoutItsSpritesTheGameLogsEachAndStillBuildsItsWorld) {
+  std::string empty_dir = ot_test::writeTempFile("no-sprites", "");
+  unlink(empty_dir.c_str());
+  ASSERT_EQ(0, mkdir(empty_dir.c_str(), 0700));
+  auto [messages, status] = runGameUntil("Level::Level(): floor 2", SIGTERM, empty_dir);
+  rmdir(empty_dir.c_str());
+  EXPECT_EQ(0, status);
+  for (const char* file :
+       {"hero", "slime", "bat", "brute", "slash", "arrow-right", "arrow-left", "arrow-up", "arrow-down"})
+    EXPECT_EQ(
+        1, ot_test::logCount(messages, "game: failed to load sprite sprites/" + std::string(file) + ".txt"))
+        << file;
+  EXPECT_TRUE(ot_test::logHas(messages, "Level::Level(): 23 spawn points, start (3,2)."));
+  EXPECT_EQ("** Game engine stopped **", messages.back());
+}
 
 TEST(GameStart, UnwritableLogEndsWithStatusOneAndTheReasonsOnStandardError) {
   std::string err_path = ot_test::writeTempFile("game-stderr.txt", "");

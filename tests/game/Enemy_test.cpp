@@ -1,0 +1,174 @@
+#include "game/Enemy.h"
+
+#include <cstdlib>
+#include <tuple>
+
+#include "engine/world/WorldManager.h"
+#include "game/game.h"
+#include "tests/support/GameWorld.h"
+
+namespace {
+
+class EnemyTest : public ot_test::GameWorld {
+ protected:
+  // An enemy whose first action comes after the returned number of steps.
+  static Enemy* enemyActingAfter(int type, int x, int y, int& steps, unsigned seed = 7) {
+    srand(seed);
+    int period = type == 1 ? 7 : type == 2 ? 22 : 16;
+    steps = rand() % period + period;
+    srand(seed);
+    return new Enemy(type, x, y);
+  }
+};
+
+struct Kind {
+  int type, max_hp, damage, reward, period, sight;
+};
+
+void PrintTo(const Kind& kind, std::ostream* os) { *os << "type " << kind.type; }
+
+class EnemyKind : public EnemyTest, public ::testing::WithParamInterface<Kind> {};
+
+TEST_P(EnemyKind, TakesTheNumbersOfItsKind) {
+  const Kind& kind = GetParam();
+  makeLevel();
+  auto* p_enemy = new Enemy(kind.type, 5, 5);
+  EXPECT_EQ(kind.max_hp, p_enemy->getMaxHp());
+  EXPECT_EQ(kind.max_hp, p_enemy->getHp());
+  EXPECT_EQ(kind.damage, p_enemy->getDamage());
+  EXPECT_EQ(kind.reward, p_enemy->getReward());
+  EXPECT_EQ(kind.period, p_enemy->getMovePeriod());
+  EXPECT_EQ(kind.sight, p_enemy->getSight());
+  EXPECT_EQ(Level::tileCenter(5, 5), p_enemy->getPosition());
+  EXPECT_EQ("Enemy", p_enemy->Object::getType());  // the type name, under the kind
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, EnemyKind,
+                         ::testing::Values(Kind{0, 3, 1, 10, 16, 7}, Kind{1, 2, 1, 15, 7, 6},
+                                           Kind{2, 8, 3, 50, 22, 9}, Kind{7, 3, 1, 10, 16, 7},
+                                           Kind{-1, 3, 1, 10, 16, 7}));
+
+// Type, level, and the hit points and damage it gives.
+class EnemyLevel : public EnemyTest, public ::testing::WithParamInterface<std::tuple<int, int, int, int>> {};
+
+TEST_P(EnemyLevel, EachLevelAddsHalfTheBaseHitPointsRoundedUpAndOneDamage) {
+  auto [type, level, max_hp, damage] = GetParam();
+  makeLevel();
+  auto* p_enemy = new Enemy(type, 5, 5);
+  p_enemy->setLevel(level);
+  EXPECT_EQ(max_hp, p_enemy->getMaxHp());
+  EXPECT_EQ(max_hp, p_enemy->getHp());
+  EXPECT_EQ(damage, p_enemy->getDamage());
+  g_enemy_level = level;
+  auto* p_later = new Enemy(type, 6, 5);  // made after a rise: that level from the first
+  EXPECT_EQ(max_hp, p_later->getMaxHp());
+  EXPECT_EQ(level, p_later->getLevel());
+}
+
+INSTANTIATE_TEST_SUITE_P(Levels, EnemyLevel,
+                         ::testing::Values(std::make_tuple(0, 1, 5, 2), std::make_tuple(0, 3, 8, 4),
+                                           std::make_tuple(1, 1, 3, 2), std::make_tuple(2, 3, 20, 6),
+                                           std::make_tuple(2, 0, 8, 3)));
+
+TEST_F(EnemyTest, ALevelRiseKeepsTheDamageTakenAndLevelsNeverFall) {
+  makeLevel();
+  auto* p_slime = new Enemy(0, 5, 5);
+  p_slime->takeDamage(1);
+  p_slime->setLevel(2);
+  EXPECT_EQ(5, p_slime->getHp());
+  EXPECT_EQ(6, p_slime->getMaxHp());
+  p_slime->setLevel(1);
+  p_slime->setLevel(2);
+  EXPECT_EQ(6, p_slime->getMaxHp());
+  EXPECT_EQ(3, p_slime->getDamage());
+  EXPECT_EQ(2, p_slime->getLevel());
+}
+
+TEST_F(EnemyTest, StrikesTheHeroFromANeighbouringTileAtItsBeat) {
+  Hero* p_hero = makeHero();  // at (3,2)
+  int steps = 0;
+  enemyActingAfter(0, 4, 2, steps);
+  step(steps - 1);
+  EXPECT_EQ(10, p_hero->getHp());
+  step(1);
+  EXPECT_EQ(9, p_hero->getHp());
+  step(15);
+  EXPECT_EQ(9, p_hero->getHp());
+  step(1);  // one period later
+  EXPECT_EQ(8, p_hero->getHp());
+}
+
+TEST_F(EnemyTest, FromADiagonalNeighbourItStepsInsteadOfStriking) {
+  Hero* p_hero = makeHero();
+  int steps = 0;
+  Enemy* p_slime = enemyActingAfter(0, 4, 3, steps);
+  step(steps);
+  EXPECT_EQ(10, p_hero->getHp());
+  EXPECT_EQ(3, p_slime->getGx());  // a tie goes sideways first
+  EXPECT_EQ(3, p_slime->getGy());
+}
+
+TEST_F(EnemyTest, ABlockedBlowStunsItForThirtyStepsThenItsBeatGoesOn) {
+  Hero* p_hero = makeHero();
+  int steps = 0;
+  Enemy* p_slime = enemyActingAfter(0, 4, 2, steps);
+  step(steps - 1);
+  key(ot::Keyboard::LEFTSHIFT, ot::KEY_PRESSED);
+  step(1);
+  EXPECT_EQ(10, p_hero->getHp());
+  EXPECT_TRUE(p_slime->isStunned());
+  step(30);
+  EXPECT_FALSE(p_slime->isStunned());
+  step(15);
+  EXPECT_EQ(10, p_hero->getHp());
+  step(1);
+  EXPECT_EQ(9, p_hero->getHp());
+}
+
+TEST_F(EnemyTest, ChasesAlongTheLongerAxisAndTakesTheOtherWhenBlocked) {
+  makeHero();  // at (3,2)
+  int steps = 0;
+  Enemy* p_far = enemyActingAfter(0, 7, 3, steps);
+  step(steps);
+  EXPECT_EQ(6, p_far->getGx());
+  EXPECT_EQ(3, p_far->getGy());
+
+  // From (4,6) up is a wall; it goes left instead.
+  Enemy* p_walled = enemyActingAfter(0, 4, 6, steps, 11);
+  step(steps);
+  EXPECT_EQ(3, p_walled->getGx());
+  EXPECT_EQ(6, p_walled->getGy());
+}
+
+TEST_F(EnemyTest, BlockedOnBothAxesItWanders) {
+  makeHero();
+  creatureAt(3, 6, 1);
+  srand(3);
+  int steps = rand() % 16 + 16;
+  int direction = rand() % 4;
+  srand(3);
+  auto* p_slime = new Enemy(0, 4, 6);
+  step(steps);
+  // Right, left (taken), down, up (wall); a failed wander stays put.
+  const int expected[4][2] = {{5, 6}, {4, 6}, {4, 7}, {4, 6}};
+  EXPECT_EQ(expected[direction][0], p_slime->getGx());
+  EXPECT_EQ(expected[direction][1], p_slime->getGy());
+}
+
+TEST_F(EnemyTest, DeathPaysTheHeroButAStashedEnemyPaysNothing) {
+  Hero* p_hero = makeHero();
+  auto* p_bat = new Enemy(1, 10, 10);
+  auto* p_brute = new Enemy(2, 11, 10);
+  EXPECT_TRUE(p_bat->takeDamage(5));
+  EXPECT_EQ(15, p_hero->getGold());
+  EXPECT_EQ(15, p_hero->getScore());
+  EXPECT_EQ(1, p_hero->getKills());
+  EXPECT_GT(countOf("Particle"), 0);
+  p_brute->removeSilently();
+  EXPECT_EQ(0, p_brute->getHp());
+  EXPECT_EQ(15, p_hero->getGold());
+  ot_test::runFrames(1);
+  EXPECT_EQ(0, countOf("Enemy"));
+}
+
+}  // namespace

@@ -1,0 +1,107 @@
+#include "game/Floors.h"
+
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
+#include "engine/core/ObjectListIterator.h"
+#include "engine/world/WorldManager.h"
+#include "game/game.h"
+#include "tests/support/GameWorld.h"
+
+namespace {
+
+// type, column, row, hit points
+using EnemyState = std::tuple<int, int, int, int>;
+
+class FloorsTest : public ot_test::GameWorld {
+ protected:
+  void SetUp() override {
+    GameWorld::SetUp();
+    p_hero = makeHero();
+    p_spawner = new Spawner;
+    p_spawner->spawnInitial();
+  }
+
+  static std::vector<EnemyState> livingEnemies() {
+    std::vector<EnemyState> found;
+    ot::ObjectList enemies = ot::WorldManager::getInstance().objectsOfType("Enemy");
+    for (ot::ObjectListIterator it(&enemies); !it.isDone(); it.next()) {
+      auto* p_enemy = dynamic_cast<Enemy*>(it.currentObject());
+      if (p_enemy->getHp() > 0)
+        found.emplace_back(p_enemy->getType(), p_enemy->getGx(), p_enemy->getGy(), p_enemy->getHp());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+  }
+  static Enemy* firstEnemy() {
+    return dynamic_cast<Enemy*>(ot::WorldManager::getInstance().objectsOfType("Enemy")[0]);
+  }
+  // Takes the stairs by the key, as a player does, and ends the frame.
+  void takeStairs() {
+    p_hero->setGridPos(44, 27);
+    key(ot::Keyboard::E, ot::KEY_PRESSED);
+    ot_test::runFrames(1);
+  }
+
+  Hero* p_hero = nullptr;
+  Spawner* p_spawner = nullptr;
+};
+
+TEST_F(FloorsTest, StairsWorkOnlyFromTheStairsTile) {
+  EXPECT_FALSE(useStairs(p_hero));
+  EXPECT_FALSE(useStairs(nullptr));
+  EXPECT_EQ(0, getLevel()->getFloor());
+  EXPECT_EQ(23, countOf("Enemy"));
+}
+
+TEST_F(FloorsTest, AFirstVisitSpawnsTheNewFloorAndAReturnFindsTheOldAsItWasLeft) {
+  createHud();
+  firstEnemy()->takeDamage(1);
+  std::vector<EnemyState> floor_one = livingEnemies();
+  new Projectile(3, 2, 1, 0, 1, p_hero);
+  new Slash(4, 2, 1, p_hero);
+
+  takeStairs();
+  EXPECT_EQ(1, getLevel()->getFloor());
+  EXPECT_EQ(44, p_hero->getGx());
+  EXPECT_EQ(27, p_hero->getGy());
+  EXPECT_EQ(23, countOf("Enemy"));
+  EXPECT_EQ(0, countOf("Projectile") + countOf("Slash"));
+  EXPECT_TRUE(g_floor_visited[1]);
+  EXPECT_EQ(23u, g_floor_stash[0].size());
+  EXPECT_EQ(2, hudValue("Floor"));
+  EXPECT_TRUE(ot_test::logHas(logMessages(), "useStairs(): floor 1 -> floor 2"));
+
+  takeStairs();
+  EXPECT_EQ(0, getLevel()->getFloor());
+  EXPECT_EQ(floor_one, livingEnemies());
+  EXPECT_TRUE(g_floor_stash[0].empty());
+  EXPECT_EQ(23u, g_floor_stash[1].size());
+  EXPECT_TRUE(ot_test::logHas(logMessages(), "useStairs(): floor 2 -> floor 1"));
+}
+
+TEST_F(FloorsTest, AStashedEnemyComesBackAtThePresentLevelLessItsDamage) {
+  g_floor_stash[1] = {{0, 10, 3, 2}, {0, 12, 3, 5}, {1, 44, 27, 0}};
+  g_floor_visited[1] = true;
+  g_enemy_level = 1;
+  takeStairs();
+  // Damage that would kill is not dealt again; the one on the stairs is lost.
+  EXPECT_EQ((std::vector<EnemyState>{{0, 10, 3, 3}, {0, 12, 3, 5}}), livingEnemies());
+}
+
+TEST_F(FloorsTest, SavingTakesEnemiesOutWithoutRewardAndRemoveAllOfTypeMarksThemAll) {
+  saveEnemies(0);
+  EXPECT_EQ(23u, g_floor_stash[0].size());
+  EXPECT_EQ(0, p_hero->getGold());
+  EXPECT_TRUE(livingEnemies().empty());
+  restoreEnemies(0);
+  EXPECT_EQ(23u, livingEnemies().size());
+  removeAllOfType("Enemy");
+  ot_test::runFrames(1);
+  EXPECT_EQ(0, countOf("Enemy"));
+  spawnInitialAll();
+  EXPECT_EQ(23, countOf("Enemy"));
+}
+
+}  // namespace

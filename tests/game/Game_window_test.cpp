@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "tests/support/FontFile.h"
+#include "tests/support/LogReader.h"
+
+// Last: Xlib's macros would clash with the headers above.
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+// The real game in a real window: started as a player starts it (from the
+// repository root), driven by xdotool, its log read and its window's pixels
+// looked at. Every wait is bounded.
+namespace {
+
+constexpr const char* TITLE = "OstrelGameWindowTest";
+
+int xdotool(const std::string& args) {
+  return std::system(("timeout 20 xdotool " + args + " >/dev/null 2>&1").c_str());
+}
+
+// The id of the game's window, waiting up to 20 s for it to appear; 0 if it doesn't.
+unsigned long findWindow() {
+  FILE* p_out = popen(("timeout 20 xdotool search --sync --name " + std::string(TITLE)).c_str(), "r");
+  unsigned long id = 0;
+  if (p_out) {
+    if (fscanf(p_out, "%lu", &id) != 1) id = 0;
+    pclose(p_out);
+  }
+  return id;
+}
+
+// Pixels of the window by kind of colour, and where the hero's cyan stands.
+struct Screen {
+  int blue = 0, red = 0, yellow = 0, cyan = 0;
+  double hero_x = -1;  // mean x of cyan pixels above the bottom HUD line
+};
+
+Screen look(unsigned long window) {
+  Screen screen;
+  ::Display* p_x = XOpenDisplay(nullptr);
+  if (!p_x) return screen;
+  XWindowAttributes attributes;
+  XGetWindowAttributes(p_x, window, &attributes);
+  XImage* p_image = XGetImage(p_x, window, 0, 0, attributes.width, attributes.height, AllPlanes, ZPixmap);
+  double cyan_x = 0;
+  int hero_pixels = 0;
+  for (int y = 0; p_image && y < attributes.height; y++) {
+    for (int x = 0; x < attributes.width; x++) {
+      unsigned long pixel = XGetPixel(p_image, x, y);
+      int r = (pixel >> 16) & 0xff, g = (pixel >> 8) & 0xff, b = pixel & 0xff;
+      bool hi_r = r > 200, hi_g = g > 200, hi_b = b > 200, lo_r = r < 60, lo_g = g < 60, lo_b = b < 60;
+      if (lo_r && lo_g && hi_b) screen.blue++;
+      if (hi_r && lo_g && lo_b) screen.red++;
+      if (hi_r && hi_g && lo_b) screen.yellow++;
+      if (lo_r && hi_g && hi_b) {
+        screen.cyan++;
+        if (y < attributes.height * 20 / 24) {
+          cyan_x += x;
+          hero_pixels++;
+        }
+      }
+    }
+  }
+  if (hero_pixels > 0) screen.hero_x = cyan_x / hero_pixels;
+  if (p_image) XDestroyImage(p_image);
+  XCloseDisplay(p_x);
+  return screen;
+}
+
+// Waits up to 20 s for the process to end; its exit status, or -1 (and a kill) if it doesn't.
+int waitForExit(pid_t pid) {
+  for (int i = 0; i < 200; i++) {
+    int status = 0;
+    if (waitpid(pid, &status, WNOHANG) == pid) return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    usleep(100 * 1000);
+  }
+  kill(pid, SIGKILL);
+  waitpid(pid, nullptr, 0);
+  return -1;
+}
+
+TEST(GameWindow, KeysAndClicksPlayTheGameAndTheScreenShowsMapHudAndHero) {
+  std::string log_path = ot_test::writeTempFile("game-window.log", "");
+  std::string config = ot_test::writeTempFile(
+      "game-window-config.txt", "networking:false,\nrandom_seed:1,\nwindow_title:" + std::string(TITLE) +
+                                    ",\nfont_file:" + ot_test::fontFile() + ",\n");
+  pid_t pid = fork();
+  if (pid == 0) {
+    setenv("OSTREL_CONFIG", config.c_str(), 1);
+    setenv("OSTREL_LOG", log_path.c_str(), 1);
+    if (chdir(std::getenv("OSTREL_SOURCE_DIR")) != 0) _exit(126);
+    execl(OSTREL_GAME_BINARY, OSTREL_GAME_BINARY, static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  unsigned long window = findWindow();
+  ASSERT_NE(0u, window) << "no game window";
+  ASSERT_EQ(0, xdotool("windowfocus --sync " + std::to_string(window)));
+  usleep(500 * 1000);  // a few frames drawn
+  Screen start = look(window);
+
+  ASSERT_EQ(0, xdotool("keydown d sleep 1 keyup d"));
+  ASSERT_EQ(0,
+            xdotool("mousemove --window " + std::to_string(window) + " 1000 100 click 1 sleep 0.3 click 3"));
+  usleep(300 * 1000);
+  Screen moved = look(window);
+  ASSERT_EQ(0, xdotool("key q"));
+  EXPECT_EQ(0, waitForExit(pid));
+
+  // Walls, the HP item, the gold item, the hero and the floor item, each in its colour.
+  EXPECT_GT(start.blue, 1000);
+  EXPECT_GT(start.red, 50);
+  EXPECT_GT(start.yellow, 50);
+  EXPECT_GT(start.cyan, 50);
+  EXPECT_GT(moved.hero_x, start.hero_x + 20) << "the hero didn't walk right";
+  std::vector<std::string> log = ot_test::readLogMessages(log_path);
+  EXPECT_TRUE(ot_test::logHas(log, "Level::Level(): 23 spawn points, start (3,2)."));
+  for (const std::string& line : log) {
+    EXPECT_EQ(std::string::npos, line.find("Error")) << line;
+    EXPECT_EQ(std::string::npos, line.find("failed")) << line;
+  }
+  EXPECT_EQ("** Game engine stopped **", log.back());
+}
+
+}  // namespace
