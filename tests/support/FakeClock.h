@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 
 namespace ot_test {
 
@@ -19,6 +20,8 @@ inline constexpr ClockJump CLOCK_JUMPS[] = {
     {"WallClock20261201Utc", 1796083200000000},
     {"WallClock20270301Utc", 1803859200000000},
 };
+// Shown by name in test output.
+inline void PrintTo(const ClockJump& jump, std::ostream* p_os) { *p_os << jump.name; }
 
 // While alive, the engine's clock reads a microsecond counter, from 0, that
 // moves only when a test advances it, and the game loop's sleep returns at
