@@ -2,18 +2,16 @@
 
 #include <cstdint>
 
-#include "engine/platform/Platform.h"
-
 namespace ot {
 
-// The loop's only time source: microseconds read from the UTC wall clock, as
-// day of month, hours, minutes, seconds and milliseconds combined in 32-bit
-// arithmetic. The reading wraps about every 71.6 minutes and at the end of a
-// month; a frame that spans the wrap sleeps wrongly, and that is accepted.
+// The loop's only time source: microseconds on the system's monotonic
+// counter, not the wall clock. A wall-clock reading jumps when the clock is
+// set, and one folded from the date into 32 bits wraps every 71.6 minutes; a
+// frame spanning such a jump sleeps for as long. This counter does neither.
 class Clock {
  public:
-  // Where readings come from; tests put a fake clock here.
-  using TimeSource = platform::SystemTime (*)();
+  // Where readings come from, in microseconds; tests put a fake clock here.
+  using TimeSource = std::int64_t (*)();
 
   Clock();
 
@@ -22,9 +20,7 @@ class Clock {
   // Microseconds since the last delta (or construction), without restarting.
   std::int64_t split() const;
 
-  // The reading of one broken-down time, wrapped to 32 bits and sign-extended.
-  static std::int64_t reading(const platform::SystemTime& time);
-  // Replaces the system clock; null puts it back.
+  // Replaces the monotonic counter; null puts it back.
   static void setTimeSource(TimeSource source);
 
  private:

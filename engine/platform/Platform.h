@@ -6,22 +6,15 @@
 // around the Windows calls of the same names, which explains their shape.
 
 #include <cstddef>
+#include <cstdint>
 
 namespace ot {
 namespace platform {
 
-// The wall clock in UTC, broken down as the engine's clock reads it. Year and
-// month are left out on purpose: the clock never looks at them.
-struct SystemTime {
-  unsigned short wDay = 0;  // day of the month, 1 to 31
-  unsigned short wHour = 0;
-  unsigned short wMinute = 0;
-  unsigned short wSecond = 0;
-  unsigned short wMilliseconds = 0;
-};
-
-// The present UTC time, to the millisecond.
-SystemTime getSystemTime();
+// Microseconds on a counter that only moves forward: it never wraps and never
+// steps back when the wall clock is set, so differences of two readings are
+// true durations. Its origin is unspecified.
+std::int64_t monotonicMicroseconds();
 
 // Suspends the calling thread for about this many milliseconds; 0 returns at once.
 void sleepMilliseconds(long milliseconds);

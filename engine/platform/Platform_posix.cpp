@@ -1,6 +1,5 @@
 #include "engine/platform/Platform.h"
 
-#include <sys/time.h>
 #include <unistd.h>
 #include <csignal>
 #include <cstdlib>
@@ -17,19 +16,10 @@ extern "C" void onStopSignal(int) { g_stop_signalled = 1; }
 
 }  // namespace
 
-SystemTime getSystemTime() {
-  struct timeval now {};
-  gettimeofday(&now, nullptr);
-  struct tm utc {};
-  time_t seconds = now.tv_sec;
-  gmtime_r(&seconds, &utc);
-  SystemTime result;
-  result.wDay = static_cast<unsigned short>(utc.tm_mday);
-  result.wHour = static_cast<unsigned short>(utc.tm_hour);
-  result.wMinute = static_cast<unsigned short>(utc.tm_min);
-  result.wSecond = static_cast<unsigned short>(utc.tm_sec);
-  result.wMilliseconds = static_cast<unsigned short>(now.tv_usec / 1000);
-  return result;
+std::int64_t monotonicMicroseconds() {
+  struct timespec now {};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<std::int64_t>(now.tv_sec) * 1000000 + now.tv_nsec / 1000;
 }
 
 void sleepMilliseconds(long milliseconds) {

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 
@@ -265,9 +266,9 @@ int matchLineInt(std::vector<std::string>& data, const char* token) {
     if (result != -1)
       LogManager::getInstance().writeLog(1, "matchLineInt(): Warning! '%s' matches multiple lines.",
                                          it->c_str());
-    // A line that is just the token throws std::out_of_range here, and
-    // nothing catches it: such a file ends the program. Kept as it stands.
-    result = atoi(it->substr(skip).c_str());
+    // A line that is just the token has no text after it and reads as 0; the
+    // robust loader refuses such lines before it asks.
+    result = it->size() >= skip ? atoi(it->c_str() + skip) : 0;
     it = data.erase(it);
   }
   return result;
@@ -333,11 +334,23 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
   std::vector<std::string> header = readData(file, "HEADER");
   if (header.empty()) return nullptr;
   log.writeLog(20, "ResourceManager::loadRobustSprite(): After header, line number: '%d'", line_number);
+  // Matching erases lines, so their places in the file are taken now.
+  const std::vector<std::string> header_lines = header;
+  const int header_start = line_number - static_cast<int>(header.size());
+  // A number key alone on its line, with no value, is a typo: the file is refused.
+  auto bareKey = [&](const char* key) {
+    auto at = std::find(header_lines.begin(), header_lines.end(), key);
+    if (at == header_lines.end()) return false;
+    log.writeLog("RM::loadRobustSprite(): Error line %d! No value for '%s' in header.",
+                 header_start + static_cast<int>(at - header_lines.begin()), key);
+    return true;
+  };
 
   // Only -1 counts as missing: no ranges are checked in this format.
   const char* const required[] = {"frames", "width", "height"};
   int value[3];
   for (int i = 0; i < 3; i++) {
+    if (bareKey(required[i])) return nullptr;
     value[i] = matchLineInt(header, required[i]);
     if (value[i] == -1) {
       log.writeLog("RM::loadRobustSprite(): Error! Missing '%s' in header.", required[i]);
@@ -361,6 +374,7 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
   } else {
     transparency = transparency_text[0];
   }
+  if (bareKey("slowdown")) return nullptr;
   int slowdown = matchLineInt(header, "slowdown");
   if (slowdown == -1) {
     // 0 here, not the sprite's own default of 1; it plays the same.

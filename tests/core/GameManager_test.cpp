@@ -112,3 +112,30 @@ TEST_F(Frames, LateFramesWarnUnlessFirstOrExcusedOnlyOversleepsCarryAndGameOverE
   runFrames(2);
   EXPECT_EQ((std::vector<int>{8, 0, 1}), std::vector<int>(p_spy->steps.end() - 3, p_spy->steps.end()));
 }
+
+class FramesAcrossAJump : public HeadlessEngine, public ::testing::WithParamInterface<ot_test::ClockJump> {};
+
+TEST_P(FramesAcrossAJump, KeepTheirPeriodWithoutAWarning) {
+  FakeClock clock;
+  FakeClock::setTime(GetParam().at - 200000);  // the jump falls in the work of frame 6
+  std::vector<std::int64_t> starts;
+  auto* p_spy = new SpyObject;
+  p_spy->registerInterest(ot::STEP_EVENT);
+  p_spy->on_event = [&](SpyObject&, const ot::Event*) {
+    starts.push_back(FakeClock::time());
+    FakeClock::advance(10);
+  };
+  FakeClock::stopAfterSleeps(12);
+  GameManager::getInstance().run();
+  p_spy->on_event = nullptr;
+  ASSERT_EQ(12u, starts.size());
+  for (size_t i = 1; i < starts.size(); i++) EXPECT_EQ(33000, starts[i] - starts[i - 1]) << "frame " << i;
+  EXPECT_EQ(23, FakeClock::lastSleep());
+  for (const std::string& line : logMessages())
+    EXPECT_EQ(std::string::npos, line.find("Can't keep up!")) << line;
+}
+
+INSTANTIATE_TEST_SUITE_P(ClockJumps, FramesAcrossAJump, ::testing::ValuesIn(ot_test::CLOCK_JUMPS),
+                         [](const ::testing::TestParamInfo<ot_test::ClockJump>& jump) {
+                           return std::string(jump.param.name);
+                         });

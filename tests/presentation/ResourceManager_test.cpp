@@ -37,8 +37,6 @@ class Resources : public ot_test::HeadlessEngine {
   }
 };
 
-using ResourcesDeathTest = Resources;
-
 TEST_F(Resources, BrokenSpriteFilesLeaveTheirExactTrail) {
   const std::string h3 = "frames 1\nwidth 3\nheight 1\n", ok = "abc\nend\n";  // the body opens on line 6
   const std::string h2x2 = "frames 2\nwidth 3\nheight 2\n", simple = "RM::loadSimpleSprite(): Error line ";
@@ -158,11 +156,27 @@ TEST_F(Resources, BothFormatsLoadWithCarriageReturnsOrWithoutAFinalNewline) {
             std::make_tuple(p->getSlowdown(), p->getColor(), p->getTransparency()));
 }
 
-TEST_F(ResourcesDeathTest, HeaderKeyWithoutValueEndsTheProgram) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");  // the audio device runs a thread
-  m_path = ot_test::writeTempFile("sprite.txt", robust("frames\nwidth 1\nheight 1\n", "x\nend\n"));
-  // The noexcept frame stands in for the game's main, where nothing catches it either.
-  EXPECT_DEATH([&]() noexcept { rm.loadSprite(m_path, "s"); }(), "std::out_of_range");
+TEST_F(Resources, NumberKeyWithoutValueIsRefusedNamingItsLineAndLoadingGoesOn) {
+  const std::string body = "x\nend\n", error = "RM::loadRobustSprite(): Error line ";
+  const std::pair<std::string, std::string> cases[] = {
+      {"frames\nwidth 1\nheight 1\n", "2! No value for 'frames' in header."},
+      {"frames 1\nwidth\r\nheight 1\n", "3! No value for 'width' in header."},
+      {"frames 1\nwidth 1\ncolor red\nheight\n", "5! No value for 'height' in header."},
+      {"frames 2\nframes\nwidth 1\nheight 1\n", "3! No value for 'frames' in header."},
+      {"frames 1\nwidth 1\nheight 1\nslowdown\n", "5! No value for 'slowdown' in header."},
+      // Refused before the missing height is noticed, as the key comes first.
+      {"width 1\nframes\n", "3! No value for 'frames' in header."},
+  };
+  for (const auto& [header, message] : cases)
+    EXPECT_EQ(Lines({error + message, "RM::loadSprite(): Sprite 's' NOT loaded."}),
+              load(robust(header, body), -1))
+        << header;
+  EXPECT_EQ(nullptr, rm.getSprite("s"));
+  // Text keys alone on their line read as absent, and their defaults hold.
+  load(robust("frames 1\nwidth 1\nheight 1\ncolor\ntransparency\n", body), 0, 0, "after");
+  ot::Sprite* p = rm.getSprite("after");
+  ASSERT_NE(nullptr, p);
+  EXPECT_EQ(std::make_tuple(ot::WHITE, '\0'), std::make_tuple(p->getColor(), p->getTransparency()));
 }
 
 TEST_F(Resources, HoldAThousandSpritesAndUnloadingUncoversTheNextOfALabel) {

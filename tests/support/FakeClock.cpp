@@ -9,35 +9,25 @@ namespace ot_test {
 
 namespace {
 
-// Milliseconds since the first of the month, 00:00 UTC.
-std::int64_t g_now_ms = 0;
+std::int64_t g_now_us = 0;
 int g_oversleep_ms = 0;
 int g_sleep_count = 0;
 long g_last_sleep = 0;
 int g_stop_after = 0;
 
-ot::platform::SystemTime fakeTime() {
-  ot::platform::SystemTime t;
-  std::int64_t ms = g_now_ms;
-  t.wMilliseconds = static_cast<unsigned short>(ms % 1000);
-  t.wSecond = static_cast<unsigned short>(ms / 1000 % 60);
-  t.wMinute = static_cast<unsigned short>(ms / 60000 % 60);
-  t.wHour = static_cast<unsigned short>(ms / 3600000 % 24);
-  t.wDay = static_cast<unsigned short>(1 + ms / 86400000);
-  return t;
-}
+std::int64_t fakeTime() { return g_now_us; }
 
 void fakeSleep(long milliseconds) {
   g_sleep_count++;
   g_last_sleep = milliseconds;
-  g_now_ms += milliseconds + g_oversleep_ms;
+  g_now_us += (milliseconds + g_oversleep_ms) * std::int64_t{1000};
   if (g_stop_after > 0 && --g_stop_after == 0) ot::GameManager::getInstance().setGameOver(true);
 }
 
 }  // namespace
 
 FakeClock::FakeClock() {
-  g_now_ms = 0;
+  g_now_us = 0;
   g_oversleep_ms = 0;
   g_sleep_count = 0;
   g_last_sleep = 0;
@@ -51,7 +41,11 @@ FakeClock::~FakeClock() {
   ot::GameManager::setSleepFunction(nullptr);
 }
 
-void FakeClock::advance(int milliseconds) { g_now_ms += milliseconds; }
+void FakeClock::advance(int milliseconds) { g_now_us += milliseconds * std::int64_t{1000}; }
+
+void FakeClock::setTime(std::int64_t microseconds) { g_now_us = microseconds; }
+
+std::int64_t FakeClock::time() { return g_now_us; }
 
 void FakeClock::setOversleep(int milliseconds) { g_oversleep_ms = milliseconds; }
 
