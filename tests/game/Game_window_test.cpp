@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -87,8 +88,8 @@ int waitForExit(pid_t pid) {
   return -1;
 }
 
-TEST(GameWindow, KeysAndClicksPlayTheGameAndTheScreenShowsMapHudAndHero) {
-  std::string log_path = ot_test::writeTempFile("game-window.log", "");
+// Starts a game program in a window from the repository root, logging to log_path.
+pid_t startInWindow(const char* binary, const std::string& log_path, const char* argument = nullptr) {
   std::string config = ot_test::writeTempFile(
       "game-window-config.txt", "networking:false,\nrandom_seed:1,\nwindow_title:" + std::string(TITLE) +
                                     ",\nfont_file:" + ot_test::fontFile() + ",\n");
@@ -97,9 +98,24 @@ TEST(GameWindow, KeysAndClicksPlayTheGameAndTheScreenShowsMapHudAndHero) {
     setenv("OSTREL_CONFIG", config.c_str(), 1);
     setenv("OSTREL_LOG", log_path.c_str(), 1);
     if (chdir(std::getenv("OSTREL_SOURCE_DIR")) != 0) _exit(126);
-    execl(OSTREL_GAME_BINARY, OSTREL_GAME_BINARY, static_cast<char*>(nullptr));
+    execl(binary, binary, argument, static_cast<char*>(nullptr));
     _exit(127);
   }
+  return pid;
+}
+
+void expectCleanLog(const std::vector<std::string>& log) {
+  for (const std::string& line : log) {
+    EXPECT_EQ(std::string::npos, line.find("Error")) << line;
+    EXPECT_EQ(std::string::npos, line.find("failed")) << line;
+  }
+  ASSERT_FALSE(log.empty());
+  EXPECT_EQ("** Game engine stopped **", log.back());
+}
+
+TEST(GameWindow, KeysAndClicksPlayTheGameAndTheScreenShowsMapHudAndHero) {
+  std::string log_path = ot_test::writeTempFile("game-window.log", "");
+  pid_t pid = startInWindow(OSTREL_GAME_BINARY, log_path);
   unsigned long window = findWindow();
   ASSERT_NE(0u, window) << "no game window";
   ASSERT_EQ(0, xdotool("windowfocus --sync " + std::to_string(window)));
@@ -122,11 +138,24 @@ TEST(GameWindow, KeysAndClicksPlayTheGameAndTheScreenShowsMapHudAndHero) {
   EXPECT_GT(moved.hero_x, start.hero_x + 20) << "the hero didn't walk right";
   std::vector<std::string> log = ot_test::readLogMessages(log_path);
   EXPECT_TRUE(ot_test::logHas(log, "Level::Level(): 23 spawn points, start (3,2)."));
-  for (const std::string& line : log) {
-    EXPECT_EQ(std::string::npos, line.find("Error")) << line;
-    EXPECT_EQ(std::string::npos, line.find("failed")) << line;
+  expectCleanLog(log);
+}
+
+TEST(GameWindow, AScriptedRunEarnsGoldBuysTheKeyWalksThroughADoorTakesTheStairsAndEnds) {
+  std::string log_path = ot_test::writeTempFile("game-tour.log", "");
+  std::string shots = ot_test::writeTempFile("tour-shots", "");
+  unlink(shots.c_str());
+  ASSERT_EQ(0, mkdir(shots.c_str(), 0700));
+  pid_t pid = startInWindow(OSTREL_GAME_TOUR_BINARY, log_path, shots.c_str());
+  EXPECT_EQ(0, waitForExit(pid)) << "its standard error names the failed checks";
+  std::vector<std::string> log = ot_test::readLogMessages(log_path);
+  EXPECT_TRUE(ot_test::logHas(log, "useStairs(): floor 1 -> floor 2"));
+  expectCleanLog(log);
+  for (const char* name : {"start", "creatures", "shop", "floor2", "gameover"}) {
+    struct stat info {};
+    EXPECT_EQ(0, stat((shots + "/" + name + ".png").c_str(), &info)) << name;
+    EXPECT_GT(info.st_size, 1000) << name;
   }
-  EXPECT_EQ("** Game engine stopped **", log.back());
 }
 
 }  // namespace
