@@ -1,9 +1,9 @@
 // One full screen of 80 by 24 characters a frame, drawn through drawCh as the
-// engine draws (a background rectangle and a one-character text, two SFML
-// draw calls a cell), against the same screen batched into two vertex arrays:
-// the background quads, and the glyph quads textured from the font's page.
-// The batch is the floor of what SFML can do here. Both end each frame with
-// swapBuffers. Needs a display: run it under Xvfb.
+// engine draws (each cell recorded into the display's own batch, which the
+// swap draws), against the same screen batched by hand into two vertex
+// arrays: the background quads, and the glyph quads textured from the font's
+// page. The hand-made batch is the floor of what SFML can do here. Both end
+// each frame with swapBuffers. Needs a display: run it under Xvfb.
 //
 //   xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" ./display_bench
 
@@ -131,7 +131,7 @@ int main(int argc, char** argv) {
     std::printf("80x24 screen: drawCh %.3f ms/frame, batched %.3f ms/frame, empty frame %.3f ms\n", draw_ch,
                 batched, empty);
     std::printf(
-        "drawCh / batched = %.1f per frame; %.1f for the drawing alone (empty frame taken off both)\n",
+        "drawCh / batched = %.2f per frame; %.2f for the drawing alone (empty frame taken off both)\n",
         draw_ch / batched, (draw_ch - empty) / (batched - empty));
   }
   game.shutDown();

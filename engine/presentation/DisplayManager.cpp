@@ -106,6 +106,11 @@ int DisplayManager::startUp() {
   m_p_text->setFont(m_font);
   m_p_text->setStyle(sf::Text::Bold);
   m_p_text->setCharacterSize(cellFontSize());
+  // A text loads these two first, for its lines and spaces. Loaded so here,
+  // the page holds each glyph where the text would have put it, and a glyph
+  // sampled between texels shades as it did.
+  m_font.getGlyph(L'x', m_p_text->getCharacterSize(), true);
+  m_font.getGlyph(L' ', m_p_text->getCharacterSize(), true);
   setBackgroundColor(config.getWindowBackgroundColor());
 
   Manager::startUp();
@@ -140,13 +145,21 @@ int DisplayManager::drawCh(Vector world_pos, char ch, unsigned char r, unsigned 
   // cell: that is how higher altitudes hide what is behind them. It never shakes.
   m_p_rectangle->setPosition(pixel_pos.getX() - charWidth() / 10, pixel_pos.getY() + charHeight() / 5);
   m_p_rectangle->setRotation(rotation);
-  m_p_window->draw(*m_p_rectangle, sf::RenderStates::Default);
-
-  m_p_text->setString(sf::String(std::string(1, ch)));
   m_p_text->setPosition(pixel_pos.getX() + static_cast<float>(m_shake_offset_x),
                         pixel_pos.getY() + static_cast<float>(m_shake_offset_y));
-  m_p_text->setFillColor(sf::Color(r, g, b, 255));
   m_p_text->setRotation(rotation);
+  sf::Color color(r, g, b, 255);
+  // Corners turned here rather than by the graphics card land a hair apart
+  // and shade some pixels one step differently: a turned cell is drawn on its
+  // own, after what is recorded. (The setter has brought 360 to 0.)
+  if (m_p_rectangle->getRotation() == 0.0f) {
+    recordCell(ch, color);
+    return 0;
+  }
+  flushCells();
+  m_p_window->draw(*m_p_rectangle, sf::RenderStates::Default);
+  m_p_text->setString(sf::String(std::string(1, ch)));
+  m_p_text->setFillColor(color);
   m_p_window->draw(*m_p_text, sf::RenderStates::Default);
   return 0;
 }
@@ -173,6 +186,7 @@ int DisplayManager::swapBuffers() {
     return -1;
   }
   if (Config::getInstance().getHeadless() || !m_p_window) return -1;
+  flushCells();
   m_p_window->display();
   m_p_window->clear(m_window_background_color);
   if (m_shake_duration < 1) {
@@ -188,6 +202,7 @@ int DisplayManager::swapBuffers() {
 
 int DisplayManager::saveScreenshot(std::string filename) const {
   if (!m_p_window) return -1;
+  flushCells();
   // The back buffer, not the shown frame: this is what the next swap shows.
   sf::Texture texture;
   if (!texture.create(m_p_window->getSize().x, m_p_window->getSize().y)) return -1;
@@ -207,7 +222,15 @@ bool DisplayManager::setBackgroundColor(Color color) {
   return true;
 }
 
+sf::RenderWindow* DisplayManager::getWindow() const {
+  flushCells();
+  return m_p_window;
+}
+
 void DisplayManager::release() {
+  // A new font lays its page out anew.
+  m_cells.clear();
+  m_glyphs = {};
   if (m_p_window) {
     m_p_window->close();
     delete m_p_window;
@@ -250,6 +273,63 @@ void DisplayManager::shake(int severity_x, int severity_y, int duration, bool ad
         "DisplayManager::shake(): Warning! severity (%d, %d) of -1; that axis won't shake.",
         m_shake_severity_x, m_shake_severity_y);
   }
+}
+
+const DisplayManager::CellGlyph& DisplayManager::cellGlyph(char ch) const {
+  CellGlyph& cell = m_glyphs[static_cast<unsigned char>(ch)];
+  if (cell.looked_up) return cell;
+  cell.looked_up = true;
+  // The text's own conversion, under the default locale, and its blanks.
+  sf::String string(std::string(1, ch));
+  if (string.isEmpty()) return cell;
+  sf::Uint32 code = string[0];
+  if (code == L' ' || code == L'\n' || code == L'\t' || code == L'\r') return cell;
+  const sf::Glyph& glyph = m_font.getGlyph(code, m_p_text->getCharacterSize(), true);
+  // The text widens each quad by a pixel all round, on the screen and in the
+  // page, and stands it on a baseline one character size down; the sums are
+  // made in its order, so that the corners come out the same to the bit.
+  const float pad = 1.0f, baseline = static_cast<float>(m_p_text->getCharacterSize());
+  const sf::FloatRect& b = glyph.bounds;
+  const sf::IntRect& t = glyph.textureRect;
+  cell.has_quad = true;
+  cell.left = b.left - pad;
+  cell.top = baseline + (b.top - pad);
+  cell.right = b.left + b.width + pad;
+  cell.bottom = baseline + (b.top + b.height + pad);
+  cell.u1 = static_cast<float>(t.left) - pad;
+  cell.v1 = static_cast<float>(t.top) - pad;
+  cell.u2 = static_cast<float>(t.left + t.width) + pad;
+  cell.v2 = static_cast<float>(t.top + t.height) + pad;
+  return cell;
+}
+
+void DisplayManager::recordCell(char ch, sf::Color color) const {
+  // Two triangles a quad, in the text's own order, moved by offset (unturned,
+  // the objects' transforms are only that).
+  auto quad = [this](sf::Vector2f offset, float left, float top, float right, float bottom, sf::Color tint,
+                     sf::Vector2f uv1, sf::Vector2f uv2) {
+    sf::Vertex top_left(offset + sf::Vector2f(left, top), tint, uv1);
+    sf::Vertex top_right(offset + sf::Vector2f(right, top), tint, {uv2.x, uv1.y});
+    sf::Vertex bottom_left(offset + sf::Vector2f(left, bottom), tint, {uv1.x, uv2.y});
+    sf::Vertex bottom_right(offset + sf::Vector2f(right, bottom), tint, uv2);
+    m_cells.insert(m_cells.end(), {top_left, top_right, bottom_left, bottom_left, top_right, bottom_right});
+  };
+  // The rectangle samples the middle of the white square the font keeps at
+  // the top left of its page, which leaves its colour as it is.
+  sf::Vector2f size = m_p_rectangle->getSize();
+  quad(m_p_rectangle->getPosition(), 0, 0, size.x, size.y, m_p_rectangle->getFillColor(), {1, 1}, {1, 1});
+  const CellGlyph& glyph = cellGlyph(ch);
+  if (glyph.has_quad) {
+    quad(m_p_text->getPosition(), glyph.left, glyph.top, glyph.right, glyph.bottom, color,
+         {glyph.u1, glyph.v1}, {glyph.u2, glyph.v2});
+  }
+}
+
+void DisplayManager::flushCells() const {
+  if (m_cells.empty() || !m_p_window) return;
+  sf::RenderStates states(&m_font.getTexture(m_p_text->getCharacterSize()));
+  m_p_window->draw(m_cells.data(), m_cells.size(), sf::Triangles, states);
+  m_cells.clear();
 }
 
 unsigned int DisplayManager::cellFontSize() const {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <SFML/Graphics.hpp>
+#include <array>
 #include <string>
+#include <vector>
 
 #include "engine/core/Manager.h"
 #include "engine/core/Types.h"
@@ -17,9 +19,12 @@ enum Justification {
 
 // Owns the window and turns the character-cell world into pixels. A cell is
 // the window divided by the cell counts, so its sides need not be equal or
-// whole. Each character is drawn as a background rectangle (which wipes what
-// lay below) and one glyph, through two SFML objects made once. With headless
-// set there is no window: drawing returns -1 and the geometry still answers.
+// whole. Each character is a background rectangle (which wipes what lay
+// below) and one glyph. Characters are recorded, in call order, into one
+// vertex array on the font's page and drawn in a single call when the frame is
+// shown or anything else is about to touch the window (see getWindow). With
+// headless set there is no window: drawing returns -1 and the geometry still
+// answers.
 //
 //   DisplayManager& display = DisplayManager::getInstance();
 //   display.drawString(Vector(40, 12), "Game Over", CENTER_JUSTIFIED, RED);
@@ -59,8 +64,11 @@ class DisplayManager : public Manager {
   // Saves what has been drawn since the last swap as an image file (its
   // format by the name's ending); -1 without a window or when it can't be written.
   int saveScreenshot(std::string filename) const;
-  // Null when headless or not started.
-  sf::RenderWindow* getWindow() const { return m_p_window; }
+  // Null when headless or not started. Draws the characters recorded so far
+  // first, so that whatever the caller then draws or reads comes after them,
+  // as if every character had been drawn at once: fetch it anew for each use
+  // rather than keeping the pointer across drawCh calls.
+  sf::RenderWindow* getWindow() const;
   int getShakeOffsetX() const { return m_shake_offset_x; }
   int getShakeOffsetY() const { return m_shake_offset_y; }
   int getShakeDuration() const { return m_shake_duration; }
@@ -73,6 +81,21 @@ class DisplayManager : public Manager {
   // Deletes the window, the text and the rectangle, in that order.
   void release();
   void makeRectangle();
+
+  // A character's quad as a text of that one character lays it out: edges
+  // from the text's position, and their place in the font's page. Blanks have
+  // no quad.
+  struct CellGlyph {
+    bool looked_up = false;
+    bool has_quad = false;
+    float left = 0, top = 0, right = 0, bottom = 0;
+    float u1 = 0, v1 = 0, u2 = 0, v2 = 0;
+  };
+  const CellGlyph& cellGlyph(char ch) const;
+  // Records the rectangle and the text as they stand, in pixels of the window.
+  void recordCell(char ch, sf::Color color) const;
+  // Draws the recorded characters in one call and empties the record.
+  void flushCells() const;
 
   sf::Font m_font;
   sf::RenderWindow* m_p_window = nullptr;
@@ -88,6 +111,9 @@ class DisplayManager : public Manager {
   int m_shake_severity_y = 0;
   int m_shake_offset_x = 0;
   int m_shake_offset_y = 0;
+
+  mutable std::array<CellGlyph, 256> m_glyphs;  // by the char's byte, for the text's size
+  mutable std::vector<sf::Vertex> m_cells;      // recorded since the last flush
 };
 
 // Size of one cell in pixels.

@@ -63,6 +63,7 @@ int Shape::getPointCount() const {
 }
 
 void Shape::draw(Vector world_position) {
+  // Fetched for each shape: that puts the characters drawn so far below it.
   sf::RenderWindow* p_window = DisplayManager::getInstance().getWindow();
   if (!p_window) {
     LogManager::getInstance().writeLog(5, "Shape::draw(): DisplayManager window not defined.");

@@ -9,6 +9,7 @@ namespace ot {
 Line::Line(Vector p1, Vector p2) : m_p1(p1), m_p2(p2) {}
 
 void Line::draw() const {
+  // Fetched for each line: that puts the characters drawn so far below it.
   sf::RenderWindow* p_window = DisplayManager::getInstance().getWindow();
   // Headless runs have no window; a debugging aid must not bring them down.
   if (!p_window) return;

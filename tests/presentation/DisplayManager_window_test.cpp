@@ -9,8 +9,10 @@
 #include "engine/presentation/Frame.h"
 #include "engine/presentation/Shape.h"
 #include "engine/presentation/ViewObject.h"
+#include "engine/world/Line.h"
 #include "tests/support/FontFile.h"
 #include "tests/support/HeadlessEngine.h"
+#include "tests/support/ReferenceCells.h"
 
 // Mesa under Xvfb is unloaded before the leak check: its calloc blocks show as lost.
 extern "C" const char* __lsan_default_suppressions() { return "leak:__interceptor_calloc\n"; }
@@ -174,5 +176,178 @@ TEST_F(DisplayWindowTest, ShakeMovesTheTextButNotItsBackground) {
   EXPECT_EQ(sf::Color::Blue, shaken.getPixel(79, 104));
   EXPECT_EQ(sf::Color::Black, shaken.getPixel(87, 124));
 }
+
+// A screen that draws every glyph in every colour next to others (so that
+// glyphs spill into the next cell), cells over cells, strings, a change of
+// background, shapes and a line between cells, and turned characters. Cells
+// is the display itself or the per-call reference.
+template <class Cells>
+void drawScene(Cells& cells) {
+  std::string chars = " \t\n\r";
+  for (int ch = 33; ch < 127; ch++) chars += static_cast<char>(ch);
+  chars += std::string("\0\x01\xe9\xff", 4);
+  const int n = static_cast<int>(chars.size());
+  for (int row = 0; row < 10; row++) {
+    // 8 is CUSTOM and 99 unknown: both draw the worker's white.
+    auto color = static_cast<ot::Color>(row < 9 ? row : 99);
+    for (int x = 0; x < 80; x++) cells.drawCh(Vector(x, row), chars[(x + 7 * row) % n], color);
+  }
+  for (int x = 0; x < 80; x++) {
+    auto channel = static_cast<unsigned char>(x * 3);
+    cells.drawCh(Vector(x, 10), chars[(x * 5) % n], channel, 255 - channel, 128);
+    cells.drawCh(Vector(x * 1.5f, 11.5f), chars[(x * 11) % n], static_cast<ot::Color>(1 + x % 7));
+  }
+  cells.setBackgroundColor(ot::BLUE);
+  cells.drawString(Vector(40, 13), "Left @ justified", ot::LEFT_JUSTIFIED, ot::YELLOW);
+  cells.drawString(Vector(40, 14), "Centred WWW", ot::CENTER_JUSTIFIED, ot::CYAN);
+  cells.setBackgroundColor(ot::BLACK);
+  cells.drawString(Vector(40, 15), "right |#|", ot::RIGHT_JUSTIFIED, ot::MAGENTA);
+
+  // Shapes and a line over some cells and under others, the half see-through
+  // one included. The square comes first: the turn it leaves on every later
+  // shape then holds in both pictures.
+  for (int x = 0; x < 30; x++) cells.drawCh(Vector(x, 17), '#', ot::GREEN);
+  ot::Shape shape;
+  shape.setType(ot::SHAPE_SQUARE);
+  shape.setColor(ot::RED);
+  shape.draw(Vector(20, 17));
+  shape.setType(ot::SHAPE_CIRCLE);
+  shape.draw(Vector(4, 17));
+  ot::Line(Vector(0, 16), Vector(30, 19)).draw();
+  for (int x = 3; x < 14; x += 2) cells.drawCh(Vector(x, 17), 'o', ot::WHITE);
+  shape.setType(ot::SHAPE_TRIANGLE);
+  shape.setColor(200, 100, 50);
+  shape.setOpacity(128);
+  shape.draw(Vector(12, 17));
+  cells.drawString(Vector(18, 18), "over", ot::LEFT_JUSTIFIED, ot::RED);
+
+  const float angles[] = {0, 30, 60, 90, 135, 270};
+  for (int i = 0; i < 6; i++) {
+    for (int j = 0; j < 4; j++) cells.drawCh(Vector(10 * i + 5 + j, 21), "@Wg|"[j], ot::WHITE, angles[i]);
+  }
+}
+
+// Cells whose corners fall on whole pixels or halves, quarters and so on
+// come out the same to the bit. Elsewhere (12.8 pixels a cell) a corner is
+// summed once here rather than in the graphics card's matrix, which may shade
+// a glyph's soft edge pixel one step apart.
+struct Geometry {
+  int pixels_x, pixels_y, chars_x, chars_y;
+  const char* font_scale;
+  bool exact;
+};
+
+void PrintTo(const Geometry& g, std::ostream* os) { *os << g.pixels_x << "x" << g.pixels_y; }
+
+// How two pictures differ: in how many pixels, and by how much at most in a channel.
+struct Difference {
+  int pixels = 0;
+  int most = 0;
+};
+
+Difference difference(const sf::Image& a, const sf::Image& b) {
+  Difference d;
+  const sf::Uint8* p = a.getPixelsPtr();
+  const sf::Uint8* q = b.getPixelsPtr();
+  for (size_t i = 0; i < a.getSize().x * a.getSize().y * 4; i += 4) {
+    int most = 0;
+    for (size_t c = i; c < i + 4; c++) most = std::max(most, std::abs(p[c] - q[c]));
+    d.pixels += most > 0;
+    d.most = std::max(d.most, most);
+  }
+  return d;
+}
+
+// The same screens drawn through drawCh and by the reference, on windows
+// whose cells are whole and fractional pixels.
+class BatchedCellsTest : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<Geometry> {
+ protected:
+  std::string configText() const override {
+    const Geometry& g = GetParam();
+    return "headless:false,\nnetworking:false,\nrandom_seed:1,\nwindow_horizontal_pixels:" +
+           std::to_string(g.pixels_x) + ",\nwindow_vertical_pixels:" + std::to_string(g.pixels_y) +
+           ",\nwindow_horizontal_chars:" + std::to_string(g.chars_x) +
+           ",\nwindow_vertical_chars:" + std::to_string(g.chars_y) + ",\nfont_scale:" + g.font_scale +
+           ",\nfont_file:" + ot_test::fontFile() + ",\n";
+  }
+
+  void SetUp() override {
+    HeadlessEngine::SetUp();
+    if (HasFatalFailure()) return;
+    ASSERT_EQ(0, display().swapBuffers());
+  }
+
+  static ot::DisplayManager& display() { return ot::DisplayManager::getInstance(); }
+
+  // What draw() leaves on the window, which is then cleared without a swap:
+  // a shake stays as it is.
+  static sf::Image picture(const std::function<void()>& draw) {
+    draw();
+    sf::RenderWindow& window = *display().getWindow();
+    sf::Texture texture;
+    texture.create(window.getSize().x, window.getSize().y);
+    texture.update(window);
+    window.clear(sf::Color::Black);
+    return texture.copyToImage();
+  }
+
+  static void expectAlike(const sf::Image& expected, const sf::Image& drawn) {
+    ASSERT_EQ(expected.getSize(), drawn.getSize());
+    Difference d = difference(expected, drawn);
+    if (GetParam().exact) {
+      EXPECT_EQ(0, d.pixels);
+    } else {
+      EXPECT_GE(1, d.most);
+      EXPECT_GE(expected.getSize().x * expected.getSize().y / 10000, static_cast<unsigned>(d.pixels));
+    }
+  }
+};
+
+TEST_P(BatchedCellsTest, ScreenMatchesThePerCallDrawing) {
+  ot_test::ReferenceCells reference;
+  std::string shot = ot_test::writeTempFile("cells.png", "");
+  for (bool shaken : {false, true}) {
+    SCOPED_TRACE(shaken ? "shaken" : "still");
+    if (shaken) {
+      display().shake(2, 0, 5, false);  // x one of 3, 1, -1 and y 1
+      ASSERT_EQ(0, display().swapBuffers());
+    }
+    sf::Image expected = picture([&] { drawScene(reference); });
+    sf::Image screenshot;
+    sf::Image drawn = picture([&] {
+      drawScene(display());
+      // Before anything else reads the window: the screenshot must hold the cells too.
+      ASSERT_EQ(0, display().saveScreenshot(shot));
+      ASSERT_TRUE(screenshot.loadFromFile(shot));
+    });
+    expectAlike(expected, drawn);
+    EXPECT_EQ(0, difference(drawn, screenshot).pixels);
+    // Not two blank screens: every colour shows in full somewhere.
+    for (ot::Color color : {ot::RED, ot::GREEN, ot::YELLOW, ot::BLUE, ot::MAGENTA, ot::CYAN, ot::WHITE}) {
+      bool found = false;
+      for (unsigned y = 0; y < drawn.getSize().y && !found; y++) {
+        for (unsigned x = 0; x < drawn.getSize().x && !found; x++) {
+          found = drawn.getPixel(x, y) == ot::colorToSFML(color);
+        }
+      }
+      EXPECT_TRUE(found) << color;
+    }
+  }
+}
+
+TEST_P(BatchedCellsTest, CellsDrawnBeforeASwapStayInTheirFrame) {
+  sf::Image blank = picture([] {});
+  ASSERT_EQ(0, display().drawCh(Vector(10, 5), '@', ot::RED));
+  ASSERT_EQ(0, display().drawString(Vector(10, 6), "abc", ot::LEFT_JUSTIFIED, ot::GREEN));
+  ASSERT_EQ(0, display().swapBuffers());
+  EXPECT_EQ(0, difference(blank, picture([] {})).pixels);
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, BatchedCellsTest,
+                         ::testing::Values(Geometry{640, 480, 80, 24, "1.5", true},
+                                           Geometry{1000, 750, 80, 24, "2", true},
+                                           Geometry{910, 700, 70, 25, "1", true},
+                                           Geometry{1024, 768, 80, 24, "2", false}),
+                         [](const auto& test) { return ::testing::PrintToString(test.param); });
 
 }  // namespace
