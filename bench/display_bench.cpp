@@ -14,6 +14,7 @@
 #include <fstream>
 #include <string>
 
+#include "bench/support/BatchedScreen.h"
 #include "bench/support/RatioReporter.h"
 #include "engine/core/Config.h"
 #include "engine/core/GameManager.h"
@@ -23,17 +24,14 @@ namespace {
 
 using ot::DisplayManager;
 
-constexpr int COLS = 80;
-constexpr int ROWS = 24;
-const char TEXT[] = "The quick brown fox jumps over the lazy dog. 0123456789 #@$%&*+=-|/\\<>[]{}";
+using ot_bench::BatchedScreen;
+constexpr int COLS = BatchedScreen::COLS;
+constexpr int ROWS = BatchedScreen::ROWS;
 
 std::string benchFont() {
   if (std::ifstream("ot-font.ttf").good()) return "ot-font.ttf";
   return "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
 }
-
-char cellChar(int x, int y) { return TEXT[(x + 7 * y) % (sizeof(TEXT) - 1)]; }
-ot::Color cellColor(int x, int y) { return static_cast<ot::Color>(1 + (x + y) % 7); }
 
 // Only the swap: the clear and the display that both screens pay as well.
 void BM_EmptyFrame(benchmark::State& state) {
@@ -46,8 +44,8 @@ void BM_DrawChScreen(benchmark::State& state) {
   for (auto _ : state) {
     for (int y = 0; y < ROWS; y++) {
       for (int x = 0; x < COLS; x++) {
-        display.drawCh(ot::Vector(static_cast<float>(x), static_cast<float>(y)), cellChar(x, y),
-                       cellColor(x, y));
+        display.drawCh(ot::Vector(static_cast<float>(x), static_cast<float>(y)),
+                       BatchedScreen::cellChar(x, y), BatchedScreen::cellColor(x, y));
       }
     }
     display.swapBuffers();
@@ -55,47 +53,11 @@ void BM_DrawChScreen(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * COLS * ROWS);
 }
 
-// The same cells as drawCh lays them out: rectangle from (-w/10, h/5) of the
-// cell's corner, glyph on a baseline one character size below the corner.
 void BM_BatchedScreen(benchmark::State& state) {
-  DisplayManager& display = DisplayManager::getInstance();
-  sf::RenderWindow& window = *display.getWindow();
-  sf::Font font;
-  font.loadFromFile(ot::Config::getInstance().getFontFile());
-  const unsigned int size = display.cellFontSize();
-  const float w = ot::charWidth(), h = ot::charHeight();
-  const sf::Color back_color = ot::colorToSFML(ot::Config::getInstance().getWindowBackgroundColor());
-  sf::VertexArray backs(sf::Quads, COLS * ROWS * 4);
-  sf::VertexArray glyphs(sf::Quads, COLS * ROWS * 4);
+  ot_bench::BatchedScreen screen;
   for (auto _ : state) {
-    for (int y = 0; y < ROWS; y++) {
-      for (int x = 0; x < COLS; x++) {
-        size_t i = static_cast<size_t>(y * COLS + x) * 4;
-        float px = static_cast<float>(x) * w, py = static_cast<float>(y) * h;
-        float left = px - w / 10, top = py + h / 5;
-        sf::Vertex* back = &backs[i];
-        back[0] = sf::Vertex({left, top}, back_color);
-        back[1] = sf::Vertex({left + w, top}, back_color);
-        back[2] = sf::Vertex({left + w, top + h}, back_color);
-        back[3] = sf::Vertex({left, top + h}, back_color);
-
-        const sf::Glyph& glyph = font.getGlyph(static_cast<sf::Uint32>(cellChar(x, y)), size, true);
-        sf::Color color = ot::colorToSFML(cellColor(x, y));
-        float gx = px + glyph.bounds.left, gy = py + static_cast<float>(size) + glyph.bounds.top;
-        float gw = glyph.bounds.width, gh = glyph.bounds.height;
-        float u = static_cast<float>(glyph.textureRect.left), v = static_cast<float>(glyph.textureRect.top);
-        float uw = static_cast<float>(glyph.textureRect.width),
-              vh = static_cast<float>(glyph.textureRect.height);
-        sf::Vertex* quad = &glyphs[i];
-        quad[0] = sf::Vertex({gx, gy}, color, {u, v});
-        quad[1] = sf::Vertex({gx + gw, gy}, color, {u + uw, v});
-        quad[2] = sf::Vertex({gx + gw, gy + gh}, color, {u + uw, v + vh});
-        quad[3] = sf::Vertex({gx, gy + gh}, color, {u, v + vh});
-      }
-    }
-    window.draw(backs);
-    window.draw(glyphs, &font.getTexture(size));
-    display.swapBuffers();
+    screen.draw();
+    DisplayManager::getInstance().swapBuffers();
   }
   state.SetItemsProcessed(state.iterations() * COLS * ROWS);
 }
