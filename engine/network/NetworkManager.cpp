@@ -1,6 +1,7 @@
 #include "engine/network/NetworkManager.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstring>
 
 #include "engine/core/Config.h"
@@ -27,6 +28,7 @@ NetworkManager::NetworkManager() {
   m_sock.clear();
   m_delay.clear();
   m_delayed.clear();
+  m_received.clear();
 }
 
 NetworkManager& NetworkManager::getInstance() {
@@ -285,6 +287,18 @@ int NetworkManager::receive(void* buffer, int bytes, bool peek, int sock) {
   if (bytes == 0) return 0;
   log.writeLog(15, "NetworkManager::receive(): Socket %d (m_sock[] is %d). Calling recv(), bytes %d ...",
                sock, m_sock[sock], bytes);
+  if (m_received[sock].size() < static_cast<size_t>(bytes)) {
+    int arrived = platform::bytesWaiting(m_sock[sock]);
+    if (arrived > 0) takeArrived(sock, arrived);
+  }
+  ReceivedBytes& received = m_received[sock];
+  if (received.size() > 0) {
+    size_t count = std::min(received.size(), static_cast<size_t>(bytes));
+    std::memcpy(buffer, received.m_bytes.data() + received.m_start, count);
+    if (!peek) received.m_start += count;
+    return static_cast<int>(count);
+  }
+  // Nothing has arrived: the system's recv waits for it.
   int got = platform::receiveBytes(m_sock[sock], buffer, static_cast<std::size_t>(bytes), peek);
   if (got == 0) {
     log.writeLog(1, "NetworkManager::receive(): socket is closed");
@@ -315,7 +329,8 @@ int NetworkManager::isData(int sock) {
     logSocketError(code);
     return -1;
   }
-  return count;
+  if (count > 0 && takeArrived(sock, count) != 0) return -1;
+  return static_cast<int>(std::min<size_t>(m_received[sock].size(), INT_MAX));
 }
 
 bool NetworkManager::isPeerClosed(int sock) const {
@@ -382,7 +397,29 @@ int NetworkManager::addSocket(int system_sock) {
   m_sock.push_back(system_sock);
   m_delay.push_back(0);
   m_delayed.emplace_back();
+  m_received.emplace_back();
   return getNumConnections() - 1;
+}
+
+int NetworkManager::takeArrived(int sock, int count) {
+  ReceivedBytes& received = m_received[sock];
+  // What was read goes once it is most of the buffer, keeping the copying linear.
+  if (received.m_start > 0 && received.m_start * 2 >= received.m_bytes.size()) {
+    received.m_bytes.erase(0, received.m_start);
+    received.m_start = 0;
+  }
+  size_t old_size = received.m_bytes.size();
+  received.m_bytes.resize(old_size + static_cast<size_t>(count));
+  int got =
+      platform::receiveBytes(m_sock[sock], &received.m_bytes[old_size], static_cast<size_t>(count), false);
+  received.m_bytes.resize(old_size + static_cast<size_t>(got > 0 ? got : 0));
+  if (got < 0) {
+    int code = platform::lastSocketError();
+    LogManager::getInstance().writeLog("NetworkManager::receive(): Error! recv() returned:");
+    logSocketError(code);
+    return -1;
+  }
+  return 0;
 }
 
 void NetworkManager::removeClosed() {
@@ -393,11 +430,13 @@ void NetworkManager::removeClosed() {
     m_sock[kept] = m_sock[i];
     m_delay[kept] = m_delay[i];
     m_delayed[kept] = std::move(m_delayed[i]);
+    m_received[kept] = std::move(m_received[i]);
     kept++;
   }
   m_sock.resize(kept);
   m_delay.resize(kept);
   m_delayed.resize(kept);
+  m_received.resize(kept);
 }
 
 void cleanUp(int status) {

@@ -22,10 +22,19 @@ struct DelayedMessage {
   int m_size = 0;
 };
 
+// Bytes taken from the system for a socket and not yet read by the game.
+struct ReceivedBytes {
+  std::string m_bytes;
+  size_t m_start = 0;  // where the unread part begins
+  size_t size() const { return m_bytes.size() - m_start; }
+};
+
 // The TCP side of the engine: an optional listening socket and the connected
 // sockets, each called by its index in the manager's list (indices of later
-// sockets shift down when one closes). Raises EventNetwork ACCEPT, CONNECT and
-// CLOSE; genDataEvents raises DATA. Started only when networking is on.
+// sockets shift down when one closes). What has arrived is moved out of the
+// system into the manager as soon as isData or receive looks, so that a
+// message still arriving never leaves the system's buffer full and stalled. Raises EventNetwork ACCEPT,
+// CONNECT and CLOSE; genDataEvents raises DATA. Started only when networking is on.
 //
 //   NetworkManager& nm = NetworkManager::getInstance();
 //   nm.setServer(true);            // the frame then accepts once a step
@@ -90,6 +99,8 @@ class NetworkManager : public Manager {
   // Whether sock is the index of a socket in the list.
   bool isIndex(int sock) const { return sock >= 0 && sock < static_cast<int>(m_sock.size()); }
   int addSocket(int system_sock);
+  // Moves count bytes that the system holds for a socket into m_received; -1 on failure.
+  int takeArrived(int sock, int count);
   // Drops the entries that close marked, once no close is under way.
   void removeClosed();
 
@@ -98,6 +109,7 @@ class NetworkManager : public Manager {
   std::vector<int> m_sock;                            // connected sockets; -1 while being closed
   std::vector<int> m_delay;                           // per socket, in game steps
   std::vector<std::deque<DelayedMessage>> m_delayed;  // per socket, oldest first
+  std::vector<ReceivedBytes> m_received;              // per socket
   int m_closing = 0;                                  // nesting of close: a CLOSE handler may close too
 };
 

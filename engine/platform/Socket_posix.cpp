@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <netdb.h>
 #include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
@@ -23,6 +24,13 @@ int g_last_error = 0;
 int failed() {
   g_last_error = errno;
   return -1;
+}
+
+// A game's messages are small and due now: each goes out when sent, instead
+// of waiting for the previous one's acknowledgement to be joined with more.
+void sendAtOnce(int sock) {
+  int on = 1;
+  setsockopt(sock, IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on));
 }
 
 }  // namespace
@@ -80,6 +88,7 @@ int acceptSocket(int listener) {
   // Some systems pass the listener's non-blocking flag on; connections block.
   int flags = fcntl(sock, F_GETFL, 0);
   if (flags >= 0 && (flags & O_NONBLOCK)) fcntl(sock, F_SETFL, flags & ~O_NONBLOCK);
+  sendAtOnce(sock);
   return sock;
 }
 
@@ -114,7 +123,9 @@ int openSocketFor(const SocketAddress& address) {
 
 int connectSocket(int sock, const SocketAddress& address) {
   int result = ::connect(sock, reinterpret_cast<const sockaddr*>(address.bytes), address.length);
-  return result < 0 ? failed() : 0;
+  if (result < 0) return failed();
+  sendAtOnce(sock);
+  return 0;
 }
 
 int closeSocket(int sock) { return ::close(sock) < 0 ? failed() : 0; }

@@ -9,6 +9,7 @@
 
 #include "engine/core/LogManager.h"
 #include "engine/network/NetworkManager.h"
+#include "engine/platform/Platform.h"
 #include "tests/support/NetworkPeer.h"
 
 using ot::genDataEvents;
@@ -171,6 +172,26 @@ INSTANTIATE_TEST_SUITE_P(
                       Leaving{"UnderAnOverlongLength", header(INT_MAX) + "0123456789", 0,
                               MIDDLE + " (14 bytes dropped)."}),
     [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(DataEvents, AMessageLargerThanTheSystemsBufferStillComesWhole) {
+  // Left in the system until whole, it would fill the system's buffer and
+  // stall the connection for good.
+  const std::string big = frame(std::string(4 << 20, 'b'));
+  size_t sent = 0;
+  int result = 0;
+  for (int idle = 0; idle < 5000 && result != 1;) {
+    size_t now = sent < big.size() ? p_peer->sendWithoutWaiting(big.data() + sent, big.size() - sent) : 0;
+    sent += now;
+    result = genDataEvents(0);
+    if (now == 0 && result == 0) {
+      idle++;
+      ot::platform::sleepMilliseconds(1);
+    }
+  }
+  EXPECT_EQ(1, result);
+  ASSERT_EQ(1u, p_spy->events.size());
+  EXPECT_TRUE(p_spy->events[0].message == big);
+}
 
 TEST_F(DataEvents, AnOverlongLengthWaitsWithoutConsumingWhileThePeerStays) {
   p_peer->send(header(INT_MAX) + "0123456789");

@@ -92,6 +92,13 @@ void PlainPeer::send(const std::string& bytes) {
   }
 }
 
+size_t PlainPeer::sendWithoutWaiting(const char* p_bytes, size_t count) {
+  if (m_sock == -1) return 0;
+  ot::platform::setNonBlocking(m_sock);
+  int sent = ot::platform::sendBytes(m_sock, p_bytes, count);
+  return sent > 0 ? static_cast<size_t>(sent) : 0;
+}
+
 std::string PlainPeer::receive(int bytes) {
   std::string got;
   char buffer[4096];

@@ -43,6 +43,8 @@ class PlainPeer {
 
   bool isOpen() const { return m_sock != -1; }
   void send(const std::string& bytes);
+  // Sends what the system takes without waiting; how many bytes that was.
+  size_t sendWithoutWaiting(const char* p_bytes, size_t count);
   // What arrives until bytes have come, the peer closes or the wait ends.
   std::string receive(int bytes);
   // Whether the engine's end closed the connection (or reset it).
