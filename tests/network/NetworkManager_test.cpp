@@ -190,6 +190,11 @@ TEST_F(Transfers, OperationsOnOneSocketRefuseAnIndexThatIsNotThere) {
   }
   for (const Case& c : {cases[0], cases[1], cases[2]})
     EXPECT_EQ(-1, c.call(-1)) << c.what << " takes one socket";
+  EXPECT_EQ(-1, network().send(nullptr, 4, 0));
+  EXPECT_EQ(-1, network().sendNow(buffer, -1, 0));
+  EXPECT_EQ("NetworkManager::send(): Error! No buffer of -1 bytes to send.", logMessages().back());
+  EXPECT_EQ(-1, network().receive(nullptr, 4, false, 0));
+  EXPECT_EQ("NetworkManager::receive(): Error! No buffer of 4 bytes to receive into.", logMessages().back());
   EXPECT_EQ(2, network().getNumConnections());
 
   EXPECT_TRUE(network().isConnected(-2));
