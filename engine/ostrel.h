@@ -27,6 +27,7 @@
 #include "engine/effects/Particle.h"
 #include "engine/effects/Particles.h"
 #include "engine/effects/Precipitation.h"
+#include "engine/network/DataEvents.h"
 #include "engine/network/EventNetwork.h"
 #include "engine/network/NetworkManager.h"
 #include "engine/paths/Path.h"

@@ -8,7 +8,9 @@
 
 namespace ot {
 
-enum ShapeType {
+// int as its type, like the enumerations in Types.h: a shape read from the
+// network may carry any number, and must be able to hold it.
+enum ShapeType : int {
   SHAPE_UNDEFINED = -1,
   SHAPE_CIRCLE = 0,
   SHAPE_SQUARE,
