@@ -369,6 +369,57 @@ const std::map<std::string, Scenario>& scenarios() {
                     {60, [&] { wall[3]->setSolidness(ot::SOFT); }},
                     {80, [&] { p_seeker->setBox(Box(Vector(-1, -1), 2, 2)); }}});
        }},
+      {"HardStoneSoftensMidway",
+       [](Recording& rec) {
+         std::vector<ot::Object*> wall;
+         for (int y = 0; y < 24; y++) wall.push_back(put(12, static_cast<float>(y)));
+         ot::PathFind find(put(5, 5, ot::SOFT), Vector(5, 5), Vector(20, 6));
+         rec.drive(find, 5000, 0, {{5, [&] { wall[9]->setSolidness(ot::SOFT); }}});
+       }},
+      {"ObjectsHalfInTheGrid",
+       [](Recording& rec) {
+         std::vector<ot::Object*> edge, wall, row;
+         for (int y = 0; y < 24; y++) {
+           edge.push_back(put(1, static_cast<float>(y)));
+           if (y != 12) wall.push_back(put(18, static_cast<float>(y)));
+         }
+         for (int x = 40; x < 70; x++)
+           if (x != 55) row.push_back(put(static_cast<float>(x), 6));
+         // The boundary change empties the grid; the moves then enter each
+         // object only into the cells it didn't cover before: the edge stones
+         // into the list of what reaches outside, the wall into the second
+         // column of grid cells, the row into the second row.
+         setBoundary(81, 24);
+         setBoundary(80, 24);
+         for (ot::Object* p_o : edge) p_o->setPosition(p_o->getPosition() + Vector(-0.8f, 0));
+         for (ot::Object* p_o : wall) p_o->setPosition(p_o->getPosition() + Vector(1.6f, 0));
+         for (ot::Object* p_o : row) p_o->setPosition(p_o->getPosition() + Vector(0, 1.6f));
+         ot::Object* p_seeker = put(1, 2, ot::SOFT);
+         ot::PathFind along_the_edge(p_seeker, Vector(1, 2), Vector(1, 20));
+         rec.drive(along_the_edge, 5000);
+         ot::PathFind through_the_wall(p_seeker, Vector(5, 5), Vector(30, 5));
+         rec.drive(through_the_wall, 5000);
+         ot::PathFind through_the_row(p_seeker, Vector(50, 2), Vector(50, 15));
+         rec.drive(through_the_row, 5000);
+       }},
+      {"SpectralSeekerGrows",
+       [](Recording& rec) {
+         // Not in the grid, the seeker changes nothing there by growing.
+         wallLine(30, 0, 30, 9);
+         wallLine(30, 11, 30, 23);
+         ot::Object* p_seeker = put(5, 10, ot::SPECTRAL);
+         ot::PathFind find(p_seeker, Vector(5, 10), Vector(50, 10));
+         rec.drive(find, 5000, 0, {{4, [&] { p_seeker->setBox(Box(Vector(-1, -1), 2, 2)); }}});
+       }},
+      {"TouchingBoxes",
+       [](Recording& rec) {
+         // Boxes of a whole cell touch their neighbours' cells, and touching collides.
+         for (int y = 3; y < 20; y++)
+           put(20, static_cast<float>(y), ot::HARD, Box(Vector(-0.5f, -0.5f), 1, 1));
+         put(40.25f, 10.75f, ot::HARD, Box(Vector(-1.25f, -0.25f), 2.5f, 0.5f));
+         ot::PathFind find(put(5, 10, ot::SOFT), Vector(5, 10), Vector(60, 10));
+         rec.drive(find, 5000);
+       }},
       {"ManagerTellsTheWalkers",
        [](Recording& rec) {
          auto* p_first = new ot_test::SpyObject("Walker");
