@@ -16,12 +16,14 @@
 
 #include "engine/core/Config.h"
 #include "engine/core/EventPath.h"
+#include "engine/core/LogManager.h"
 #include "engine/core/ObjectList.h"
 #include "engine/paths/PathFind.h"
 #include "engine/paths/PathManager.h"
 #include "engine/world/WorldManager.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/HeadlessEngine.h"
+#include "tests/support/LogReader.h"
 #include "tests/support/SpyObject.h"
 
 using ot::Box;
@@ -84,9 +86,7 @@ const char* statusName(int status) {
 // Collects the outputs of one scenario as lines of text.
 class Recording {
  public:
-  explicit Recording(std::function<std::vector<std::string>()> log) : m_log(std::move(log)) {
-    m_log_seen = m_log().size();
-  }
+  Recording() { readLog(false); }
   void add(const std::string& line) {
     takeLog();
     m_text += line + "\n";
@@ -130,13 +130,12 @@ class Recording {
 
  private:
   void readLog(bool keep) {
-    std::vector<std::string> log = m_log();
-    for (size_t i = m_log_seen; keep && i < log.size(); i++) m_text += "log " + log[i] + "\n";
-    m_log_seen = log.size();
+    ot::LogManager::getInstance().flush();
+    for (const std::string& line : ot_test::readNewLogMessages(&m_log_offset))
+      if (keep) m_text += "log " + line + "\n";
   }
 
-  std::function<std::vector<std::string>()> m_log;
-  size_t m_log_seen = 0;
+  size_t m_log_offset = 0;
   std::string m_text;
 };
 
@@ -481,7 +480,7 @@ std::map<std::string, std::string> recorded() {
 class RecordedSearch : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<std::string> {};
 
 TEST_P(RecordedSearch, GivesTheRecordedStatusesPathAndLog) {
-  Recording rec([this] { return logMessages(); });
+  Recording rec;
   scenarios().at(GetParam())(rec);
   std::string text = rec.text();
   if (const char* record = getenv("OSTREL_RECORD_PATHS")) {
