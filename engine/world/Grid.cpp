@@ -15,6 +15,28 @@
 
 namespace ot {
 
+namespace {
+
+// The cells of size `size` from the one holding start to the one holding
+// start + length, of count in all; true when clamped.
+bool span(float start, float length, int size, int count, int* p_first, int* p_last) {
+  // The far edge belongs to the span: one ending on a cell border takes the next cell too.
+  *p_first = static_cast<int>(floorf(start / static_cast<float>(size)));
+  *p_last = static_cast<int>(floorf((start + length) / static_cast<float>(size)));
+  bool beyond = false;
+  if (*p_first < 0) {
+    *p_first = 0;
+    beyond = true;
+  }
+  if (*p_last >= count) {
+    *p_last = count - 1;
+    beyond = true;
+  }
+  return beyond;
+}
+
+}  // namespace
+
 Grid::Grid()
     : m_cell_width(Config::getInstance().getGridWidth()),
       m_cell_height(Config::getInstance().getGridHeight()) {}
@@ -27,6 +49,7 @@ int Grid::startUp() {
     log.writeLog("Grid::startUp(): Warning! Grid allocated. Not proceeding.");
     return -1;
   }
+  m_revision++;
   Box boundary = WorldManager::getInstance().getBoundary();
   m_num_cols = static_cast<int>(ceilf(boundary.getHorizontal() / static_cast<float>(m_cell_width)));
   m_num_rows = static_cast<int>(ceilf(boundary.getVertical() / static_cast<float>(m_cell_height)));
@@ -52,6 +75,7 @@ int Grid::startUp() {
 }
 
 void Grid::shutDown() {
+  m_revision++;
   if (m_grid) {
     for (int row = 0; row < m_num_rows; row++) delete[] m_grid[row];
     delete[] m_grid;
@@ -76,45 +100,28 @@ void Grid::setDimensions(int cell_width, int cell_height) {
   }
 }
 
-Grid::CellKey Grid::worldToCell(Vector p) const {
-  int col = static_cast<int>(floorf(p.getX() / static_cast<float>(m_cell_width)));
-  int row = static_cast<int>(floorf(p.getY() / static_cast<float>(m_cell_height)));
-  return {row, col};
-}
-
 bool Grid::isInside(CellKey key) const {
   return key.second >= 0 && key.first >= 0 && key.second < m_num_cols && key.first < m_num_rows;
 }
 
 std::set<Grid::CellKey> Grid::getCells(Object* p_o, Vector where) const {
   Box box = getWorldBox(p_o, where);
-  Vector ul = box.getCorner();
-  // The far edge belongs to the box: one ending on a cell border takes the next cell too.
-  Vector lr(ul.getX() + box.getHorizontal(), ul.getY() + box.getVertical());
-  CellKey ul_cell = worldToCell(ul);
-  CellKey lr_cell = worldToCell(lr);
-  bool out_of_bounds = false;
-  if (ul_cell.first < 0) {
-    ul_cell.first = 0;
-    out_of_bounds = true;
-  }
-  if (ul_cell.second < 0) {
-    ul_cell.second = 0;
-    out_of_bounds = true;
-  }
-  if (lr_cell.first >= m_num_rows) {
-    lr_cell.first = m_num_rows - 1;
-    out_of_bounds = true;
-  }
-  if (lr_cell.second >= m_num_cols) {
-    lr_cell.second = m_num_cols - 1;
-    out_of_bounds = true;
-  }
+  int first_col, last_col, first_row, last_row;
+  bool out_of_bounds = getColumns(box.getCorner().getX(), box.getHorizontal(), &first_col, &last_col);
+  if (getRows(box.getCorner().getY(), box.getVertical(), &first_row, &last_row)) out_of_bounds = true;
   std::set<CellKey> cells;
   if (out_of_bounds) cells.insert(OUT_OF_BOUNDS);
-  for (int row = ul_cell.first; row <= lr_cell.first; row++)
-    for (int col = ul_cell.second; col <= lr_cell.second; col++) cells.insert({row, col});
+  for (int row = first_row; row <= last_row; row++)
+    for (int col = first_col; col <= last_col; col++) cells.insert({row, col});
   return cells;
+}
+
+bool Grid::getColumns(float start, float length, int* p_first, int* p_last) const {
+  return span(start, length, m_cell_width, m_num_cols, p_first, p_last);
+}
+
+bool Grid::getRows(float start, float length, int* p_first, int* p_last) const {
+  return span(start, length, m_cell_height, m_num_rows, p_first, p_last);
 }
 
 int Grid::insertObject(Object* p_o) {
@@ -127,6 +134,7 @@ int Grid::insertObject(Object* p_o) {
     log.writeLog("Grid::insertObject(): Error! Object is NULL");
     return -1;
   }
+  m_revision++;
   for (const CellKey& key : getCells(p_o, p_o->getPosition())) {
     if (key == OUT_OF_BOUNDS)
       m_out_of_bounds.insert(p_o);
@@ -147,6 +155,7 @@ int Grid::removeObject(Object* p_o) {
     return -1;
   }
   if (!p_o->isSolid() || !p_o->isActive()) return 0;
+  m_revision++;
   for (const CellKey& key : getCells(p_o, p_o->getPosition())) {
     if (key == OUT_OF_BOUNDS)
       m_out_of_bounds.remove(p_o);
@@ -166,6 +175,7 @@ int Grid::updatePosition(Object* p_o, Vector where) {
     log.writeLog("Grid::updatePosition(): Error! Object is NULL");
     return -1;
   }
+  m_revision++;
   std::set<CellKey> before = getCells(p_o, p_o->getPosition());
   std::set<CellKey> after = getCells(p_o, where);
   // Only the cells that differ are touched, so a small step costs nothing.

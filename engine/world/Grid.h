@@ -47,6 +47,18 @@ class Grid {
   ObjectList getObjects(CellKey key) const;
   // The cells p_o's box covers at where, with the marker if it reaches outside.
   std::set<CellKey> getCells(Object* p_o, Vector where) const;
+  // The columns (rows) from first to last that a span from start to start +
+  // length covers, clamped to the grid; true when it reaches beyond. A box's
+  // cells are its two spans crossed, plus the marker if either reaches beyond.
+  bool getColumns(float start, float length, int* p_first, int* p_last) const;
+  bool getRows(float start, float length, int* p_first, int* p_last) const;
+
+  bool isAllocated() const { return m_grid != nullptr; }
+  // Changes whenever an answer of getCollisions may have: an object entering,
+  // leaving or moving, the cells being remade, or (told by the SceneGraph) the
+  // solidness of an object held changing. Lets a reader keep what it derived.
+  unsigned long getRevision() const { return m_revision; }
+  void noteChange() { m_revision++; }
 
   int getCellWidth() const { return m_cell_width; }
   int getCellHeight() const { return m_cell_height; }
@@ -57,7 +69,6 @@ class Grid {
   std::string toString() const;
 
  private:
-  CellKey worldToCell(Vector p) const;
   bool isInside(CellKey key) const;
 
   ObjectList** m_grid = nullptr;  // [row][col]; null when not allocated
@@ -66,6 +77,7 @@ class Grid {
   int m_num_rows = 0;
   int m_cell_width;
   int m_cell_height;
+  unsigned long m_revision = 0;
 };
 
 }  // namespace ot

@@ -219,6 +219,9 @@ int SceneGraph::updatePosition(Object* p_o, Vector where) {
 
 int SceneGraph::updateSolidness(Object* p_o, Solidness new_solidness) {
   if (!p_o->isActive()) return 0;
+  // Whether an object held is hard counts for readers of the grid, though
+  // the grid itself doesn't change between HARD and SOFT.
+  m_grid.noteChange();
   LogManager& log = LogManager::getInstance();
   if (p_o->isSolid() && new_solidness == SPECTRAL) {
     if (reportable(m_solid_objects.remove(p_o)))

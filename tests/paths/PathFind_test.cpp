@@ -1,50 +1,233 @@
 #include "engine/paths/PathFind.h"
 
+#include <algorithm>
+#include <functional>
+#include <memory>
+
 #include "engine/paths/PathManager.h"
+#include "engine/world/Geometry.h"
+#include "engine/world/WorldManager.h"
+#include "tests/support/FailingAllocations.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/HeadlessEngine.h"
 #include "tests/support/SpyObject.h"
 
+using ot::PathFind;
 using ot::Vector;
+using ot_test::SpyObject;
 using Finding = ot_test::HeadlessEngine;
+using Points = std::vector<Vector>;
 
 namespace {
 
-ot_test::SpyObject* at(int x, int y, ot::Solidness solidness = ot::HARD) {
-  auto* p_o = new ot_test::SpyObject();
+SpyObject* at(float x, float y, ot::Solidness solidness = ot::HARD) {
+  auto* p_o = new SpyObject();
   p_o->setSolidness(solidness);
-  p_o->setPosition(Vector(static_cast<float>(x), static_cast<float>(y)));
+  p_o->setPosition(Vector(x, y));
   return p_o;
 }
 
-std::vector<Vector> run(Vector end, int status = ot::PATH_FOUND) {
-  ot::PathFind find(at(0, 0, ot::SOFT), Vector(5, 5), end);
-  int now = ot::PATH_SEARCHING;
-  for (int i = 0; i < 100000 && now == ot::PATH_SEARCHING; i++) now = find.cycleOnce();
-  EXPECT_EQ(status, now);
+SpyObject* walker() { return at(0, 0, ot::SOFT); }
+
+// Cycles until the search ends; the last status, and the cycles it took.
+std::pair<int, int> run(PathFind& find) {
+  int status = ot::PATH_SEARCHING, cycles = 0;
+  while (status == ot::PATH_SEARCHING && cycles < 100000) {
+    status = find.cycleOnce();
+    cycles++;
+  }
+  return {status, cycles};
+}
+
+Points points(PathFind& find, int status = ot::PATH_FOUND) {
+  EXPECT_EQ(status, run(find).first);
   return find.getPath().getPoints();
 }
 
 }  // namespace
 
-TEST_F(Finding, WalksAroundAWallAndFailsOutsideTheWorld) {
-  EXPECT_EQ(std::vector<Vector>{Vector(5, 5)}, run(Vector(5.2f, 4.9f)));  // found at once
-  for (int y = 2; y <= 8; y++) at(10, y);
-  for (const Vector& p : run(Vector(15, 5))) EXPECT_FALSE(p.getX() == 10 && p.getY() >= 2 && p.getY() <= 8);
-  EXPECT_EQ(Vector(15, 5), run(Vector(15, 5)).back());
-  EXPECT_TRUE(run(Vector(500, 5), ot::PATH_FAILED).empty());
-  EXPECT_EQ("PathFind::cycleOnce(): node graph not allocated.  Cannot find path.", logMessages().back());
+TEST_F(Finding, WalksAroundAWallInWholeCells) {
+  PathFind at_once(walker(), Vector(5, 5), Vector(5.2f, 4.9f));
+  EXPECT_EQ((std::pair<int, int>{ot::PATH_FOUND, 1}), run(at_once));
+  EXPECT_EQ(Points{Vector(5, 5)}, at_once.getPath().getPoints());
+  for (int y = 2; y <= 8; y++) at(10, static_cast<float>(y));
+  PathFind around(walker(), Vector(5, 5), Vector(15, 5));
+  Points path = points(around);
+  EXPECT_EQ(Vector(5, 5), path.front());
+  EXPECT_EQ(Vector(15, 5), path.back());
+  for (size_t i = 0; i < path.size(); i++) {
+    EXPECT_FALSE(path[i].getX() == 10 && path[i].getY() >= 2 && path[i].getY() <= 8) << path[i].toString();
+    if (i > 0) {
+      EXPECT_LE(ot::distance(path[i - 1], path[i]), 1.5f) << "one step a cell";
+    }
+  }
+}
+
+TEST_F(Finding, WalledInGoalFailsOnceEveryReachableCellIsClosedAndTheWalkerKeepsItsPath) {
+  for (int i = 0; i <= 4; i++) {
+    at(static_cast<float>(18 + i), 8);
+    at(static_cast<float>(18 + i), 12);
+    at(18, static_cast<float>(8 + i));
+    at(22, static_cast<float>(8 + i));
+  }
+  // One cell closed a cycle: the whole 80 by 24 world but the ring and what it holds.
+  PathFind find(walker(), Vector(2, 2), Vector(20, 10));
+  EXPECT_EQ((std::pair<int, int>{ot::PATH_FAILED, 80 * 24 - 25}), run(find));
+  EXPECT_TRUE(find.getPath().getPoints().empty());
+
+  SpyObject* p_o = at(2, 2, ot::SOFT);
+  ot::Path before;
+  before.setPoints({Vector(1, 1), Vector(2, 1)});
+  p_o->setPath(before);
+  p_o->pathTo(Vector(20, 10));
+  ot_test::FakeClock clock;  // frozen, so the budget lasts until the find ends
+  ot::PathManager::getInstance().cycle(0);
+  EXPECT_EQ(1, p_o->count(ot::PATH_EVENT));
+  EXPECT_EQ(before, p_o->getPath());
+  EXPECT_FALSE(p_o->getFollowPath());
+  EXPECT_EQ(nullptr, p_o->getPathFind());
+}
+
+// A diagonal step from (5, 5) to (6, 6) with walls on its flanks (6, 5) and (5, 6).
+TEST_F(Finding, DiagonalIsRefusedOnlyWhenBothFlanksAreWalls) {
+  struct Row {
+    bool x_flank, y_flank;
+    size_t points;
+  };
+  for (const Row& row :
+       {Row{false, false, 2}, Row{true, false, 2}, Row{false, true, 2}, Row{true, true, 4}}) {
+    SCOPED_TRACE(std::to_string(row.x_flank) + std::to_string(row.y_flank));
+    std::vector<SpyObject*> walls;
+    if (row.x_flank) walls.push_back(at(6, 5));
+    if (row.y_flank) walls.push_back(at(5, 6));
+    PathFind find(walker(), Vector(5, 5), Vector(6, 6));
+    EXPECT_EQ(row.points, points(find).size());
+    for (SpyObject* p_wall : walls) p_wall->setSolidness(ot::SPECTRAL);
+  }
+}
+
+TEST_F(Finding, EndInsideAHardObjectIsReachableThroughIt) {
+  SpyObject* p_block = at(30, 10);
+  p_block->setBox(ot::Box(Vector(-3, -3), 6, 6));
+  PathFind find(walker(), Vector(20, 10), Vector(31, 11));
+  Points path = points(find);
+  EXPECT_EQ(Vector(31, 11), path.back());
+  EXPECT_EQ(12u, path.size()) << "straight in through the object's cells";
+}
+
+TEST_F(Finding, BlockedStartTriesNearbyCellsAndThenTakesYForX) {
+  struct Row {
+    std::vector<Vector> walls;
+    Vector first;  // the path's first point, the start cell taken
+    bool warned;
+  };
+  // From (5.6, 8.7): rounded (6, 9); then truncated (5, 8), (6, 8), (5, 9);
+  // last the rounded y in x: (9, 9).
+  const Row rows[] = {
+      {{Vector(6, 9)}, Vector(5, 8), false},
+      {{Vector(6, 9), Vector(5, 8)}, Vector(6, 8), false},
+      {{Vector(6, 9), Vector(5, 8), Vector(6, 8)}, Vector(5, 9), false},
+      {{Vector(6, 9), Vector(5, 8), Vector(6, 8), Vector(5, 9)}, Vector(9, 9), false},
+      {{Vector(6, 9), Vector(5, 8), Vector(6, 8), Vector(5, 9), Vector(9, 9)}, Vector(9, 9), true},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.first.toString());
+    std::vector<SpyObject*> walls;
+    for (const Vector& wall : row.walls) walls.push_back(at(wall.getX(), wall.getY()));
+    size_t log_size = logMessages().size();
+    PathFind find(walker(), Vector(5.6f, 8.7f), Vector(12, 12));
+    EXPECT_EQ(row.first, points(find).front());
+    std::vector<std::string> log = logMessages();
+    EXPECT_EQ(row.warned, ot_test::logHas(std::vector<std::string>(log.begin() + log_size, log.end()),
+                                          "PathFind::PathFind(): Warning! Can't get to start node."));
+    for (SpyObject* p_wall : walls) p_wall->setSolidness(ot::SPECTRAL);
+  }
+}
+
+TEST_F(Finding, SetUpFailuresFailTheFirstCycleWithTheirLogLines) {
+  struct Row {
+    const char* name;
+    std::function<PathFind*()> make;
+    std::vector<std::string> log;
+  };
+  const Row rows[] = {
+      {"no object",
+       [] { return new PathFind(nullptr, Vector(5, 5), Vector(6, 6)); },
+       {"PathFind()::PathFind(): Fatal error! Object pointer is NULL."}},
+      {"end outside",
+       [] { return new PathFind(walker(), Vector(5, 5), Vector(500, 5)); },
+       {"PathFind::PathFind(): Error! Both start (5.00, 5.00) and end (500.00, 5.00) must be within world "
+        "boundary (80, 24)."}},
+      {"start outside",
+       [] { return new PathFind(walker(), Vector(-0.5f, 5), Vector(5, 5)); },
+       {"PathFind::PathFind(): Error! Both start (-0.50, 5.00) and end (5.00, 5.00) must be within world "
+        "boundary (80, 24)."}},
+      {"no memory",
+       [] {
+         ot_test::FailingAllocations fail(1000);  // the nodes of 80 by 24 cells take far more
+         return new PathFind(walker(), Vector(5, 5), Vector(6, 6));
+       },
+       {"PathFind::PathFind(): allocated [y, x]: 24, 80",
+        "PathFind::PathFind(): Error!  Unable to allocate pathfinding for 24 rows."}},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    size_t log_size = logMessages().size();
+    std::unique_ptr<PathFind> p_find(row.make());
+    EXPECT_EQ(ot::PATH_FAILED, p_find->cycleOnce());
+    EXPECT_TRUE(p_find->getPath().getPoints().empty());
+    std::vector<std::string> want = row.log, log = logMessages();
+    want.push_back("PathFind::cycleOnce(): node graph not allocated.  Cannot find path.");
+    EXPECT_EQ(want, std::vector<std::string>(log.begin() + log_size, log.end()));
+  }
+}
+
+TEST_F(Finding, PathToWithoutMemoryForTheFindStartsNothing) {
+  SpyObject* p_o = walker();
+  {
+    ot_test::FailingAllocations fail(sizeof(PathFind));
+    p_o->pathTo(Vector(10, 5));
+    p_o->pathTo(at(20, 5));
+  }
+  EXPECT_EQ(nullptr, p_o->getPathFind());
+  EXPECT_EQ(0, ot::PathManager::getInstance().getNumFinds());
+  std::vector<std::string> log = logMessages();
+  EXPECT_EQ(2, ot_test::logCount(log, "Object::pathTo(): Error! Unable to allocate memory for PathFind."));
+  EXPECT_EQ("Object::pathTo(): path find not allocated!", log.back());
+}
+
+TEST_F(Finding, SearchSeesTheWorldChangeBetweenCycles) {
+  std::vector<SpyObject*> wall;
+  for (int y = 0; y < 24; y++) wall.push_back(at(12, static_cast<float>(y)));
+  wall[5]->setSolidness(ot::SPECTRAL);
+  PathFind find(walker(), Vector(5, 5), Vector(20, 5));
+  for (int i = 0; i < 3; i++) EXPECT_EQ(ot::PATH_SEARCHING, find.cycleOnce());
+  // The gap moves from row 5 to row 15.
+  wall[5]->setSolidness(ot::HARD);
+  wall[15]->setPosition(Vector(40, 15));
+  Points path = points(find);
+  EXPECT_NE(std::find(path.begin(), path.end(), Vector(12, 15)), path.end());
+}
+
+TEST_F(Finding, BoundaryChangedDuringASearchLeavesItOnTheCellsItWasMadeFor) {
+  PathFind find(walker(), Vector(5, 5), Vector(70, 20));
+  for (int i = 0; i < 3; i++) EXPECT_EQ(ot::PATH_SEARCHING, find.cycleOnce());
+  ot::WorldManager::getInstance().setBoundary(ot::Box(Vector(0, 0), 40, 10));
+  EXPECT_EQ(Vector(70, 20), points(find).back());
+  ot::WorldManager::getInstance().setBoundary(ot::Box(Vector(0, 0), 200, 100));
+  EXPECT_EQ(ot::PATH_FOUND, find.cycleOnce());
 }
 
 TEST_F(Finding, ManagerRunsAFindToAnObjectUntilTheBoxesTouchAndTellsTheWalker) {
-  ot_test::SpyObject* p_o = at(5, 5, ot::SOFT);
-  ot_test::SpyObject* p_target = at(20, 5);
+  SpyObject* p_o = at(5, 5, ot::SOFT);
+  SpyObject* p_target = at(20, 5);
   p_target->setBox(ot::Box(Vector(-1.6f, -1.6f), 3.2f, 3.2f));  // reaches x 18.4
   p_o->pathTo(p_target);
+  EXPECT_EQ(p_target, p_o->getPathFind()->getTarget());
   EXPECT_EQ(-1, ot::PathManager::getInstance().addFind(p_o->getPathFind()));  // a find is added once
   ot_test::FakeClock clock;  // frozen, so the budget lasts until the find ends
   ot::PathManager::getInstance().cycle(0);
-  EXPECT_EQ(std::make_tuple(1, true, static_cast<ot::PathFind*>(nullptr), 0, Vector(18, 5)),
+  EXPECT_EQ(std::make_tuple(1, true, static_cast<PathFind*>(nullptr), 0, Vector(18, 5)),
             std::make_tuple(p_o->count(ot::PATH_EVENT), p_o->getFollowPath(), p_o->getPathFind(),
                             ot::PathManager::getInstance().getNumFinds(), p_o->getPath().getLast()));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,10 @@ std::string testLogPath();
 
 // The messages of a log file, each without its "hh:mm:ss step " prefix.
 std::vector<std::string> readLogMessages(const std::string& path = testLogPath());
+
+// The messages of the lines added to a log file since byte *p_offset, which
+// moves past them; a line still being written waits for the next call.
+std::vector<std::string> readNewLogMessages(size_t* p_offset, const std::string& path = testLogPath());
 
 // Whether some message equals text exactly.
 bool logHas(const std::vector<std::string>& messages, const std::string& text);

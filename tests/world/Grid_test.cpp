@@ -1,5 +1,7 @@
 #include "engine/world/Grid.h"
 
+#include <functional>
+
 #include "engine/world/WorldManager.h"
 #include "tests/support/HeadlessEngine.h"
 #include "tests/support/SpyObject.h"
@@ -84,4 +86,29 @@ TEST_F(GridCover, DumpListsEveryCellAndTheOutsiders) {
                 ")\nCell (1,0): count=0\nOut of bounds: count=1\n Spy(" + std::to_string(p_out->getId()) +
                 ")",
             grid().toString());
+}
+
+TEST_F(GridCover, RevisionChangesWithEverythingACollisionQueryCanSee) {
+  Object* p_o = solidAt(Vector(10, 4));
+  const std::pair<const char*, std::function<void()>> changes[] = {
+      {"new object", [] { solidAt(Vector(30, 4)); }},
+      {"move", [p_o] { p_o->setPosition(Vector(10.5f, 4)); }},
+      {"box", [p_o] { p_o->setBox(Box(Vector(-1, -1), 2, 2)); }},
+      {"hard to soft", [p_o] { p_o->setSolidness(SOFT); }},
+      {"inactive", [p_o] { p_o->setActive(false); }},
+      {"active", [p_o] { p_o->setActive(true); }},
+      {"deleted",
+       [p_o] {
+         WorldManager::getInstance().markForDelete(p_o);
+         WorldManager::getInstance().update();
+       }},
+      {"new cells", [] { grid().setDimensions(10, 10); }},
+      {"boundary", [] { WorldManager::getInstance().setBoundary(Box(Vector(0, 0), 60, 20)); }},
+  };
+  for (const auto& change : changes) {
+    unsigned long before = grid().getRevision();
+    change.second();
+    EXPECT_NE(before, grid().getRevision()) << change.first;
+  }
+  grid().setDimensions(20, 8);
 }
