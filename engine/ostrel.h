@@ -27,6 +27,8 @@
 #include "engine/effects/Particle.h"
 #include "engine/effects/Particles.h"
 #include "engine/effects/Precipitation.h"
+#include "engine/effects/Splash.h"
+#include "engine/effects/SplashOstrel.h"
 #include "engine/network/EventNetwork.h"
 #include "engine/network/NetworkManager.h"
 #include "engine/paths/Path.h"
