@@ -1,7 +1,6 @@
 #include "engine/effects/Splash.h"
 
 #include <new>
-#include <string>
 
 #include "engine/core/Config.h"
 #include "engine/core/Event.h"
@@ -21,38 +20,25 @@ constexpr int NAME_WIDTH = 47;
 constexpr int NAME_HEIGHT = 8;
 
 // The letters keep clear of the last six columns, where the creature lands.
-const char* const NAME_SLANTED[NAME_HEIGHT] = {
-    "    ####   ##### ###### #####  ###### ##       ",
-    "   ##  ## ##       ##   ##  ## ##     ##       ",
-    "  ##  ## ##       ##   ##  ## ##     ##        ",
-    "  ##  ##  ####    ##   #####  #####  ##        ",
-    " ##  ##     ##   ##   ## ##  ##     ##         ",
-    " ##  ##     ##   ##   ##  ## ##     ##         ",
-    " ####  #####    ##   ##  ## ###### ######      ",
-    "                                               ",
-};
+const char* const NAME_SLANTED =
+    "    ####   ##### ###### #####  ###### ##       "
+    "   ##  ## ##       ##   ##  ## ##     ##       "
+    "  ##  ## ##       ##   ##  ## ##     ##        "
+    "  ##  ##  ####    ##   #####  #####  ##        "
+    " ##  ##     ##   ##   ## ##  ##     ##         "
+    " ##  ##     ##   ##   ##  ## ##     ##         "
+    " ####  #####    ##   ##  ## ###### ######      "
+    "                                               ";
 
-const char* const NAME_UPRIGHT[NAME_HEIGHT] = {
-    " ####   ##### ###### #####  ###### ##          ",
-    "##  ## ##       ##   ##  ## ##     ##          ",
-    "##  ## ##       ##   ##  ## ##     ##          ",
-    "##  ##  ####    ##   #####  #####  ##          ",
-    "##  ##     ##   ##   ## ##  ##     ##          ",
-    "##  ##     ##   ##   ##  ## ##     ##          ",
-    " ####  #####    ##   ##  ## ###### ######      ",
-    "   a game engine drawn in characters           ",
-};
-
-// Rows of any length, cut or padded to the width.
-std::string joinRows(const char* const* p_rows, int height, int width) {
-  std::string frame;
-  for (int row = 0; row < height; row++) {
-    std::string line = p_rows[row];
-    line.resize(static_cast<std::size_t>(width), ' ');
-    frame += line;
-  }
-  return frame;
-}
+const char* const NAME_UPRIGHT =
+    " ####   ##### ###### #####  ###### ##          "
+    "##  ## ##       ##   ##  ## ##     ##          "
+    "##  ## ##       ##   ##  ## ##     ##          "
+    "##  ##  ####    ##   #####  #####  ##          "
+    "##  ##     ##   ##   ## ##  ##     ##          "
+    "##  ##     ##   ##   ##  ## ##     ##          "
+    " ####  #####    ##   ##  ## ###### ######      "
+    "   a game engine drawn in characters           ";
 
 }  // namespace
 
@@ -63,8 +49,8 @@ Splash::Splash() {
     m_p_sprite->setWidth(NAME_WIDTH);
     m_p_sprite->setHeight(NAME_HEIGHT);
     m_p_sprite->setColor(GREEN);
-    m_p_sprite->addFrame(Frame(NAME_WIDTH, NAME_HEIGHT, joinRows(NAME_SLANTED, NAME_HEIGHT, NAME_WIDTH)));
-    m_p_sprite->addFrame(Frame(NAME_WIDTH, NAME_HEIGHT, joinRows(NAME_UPRIGHT, NAME_HEIGHT, NAME_WIDTH)));
+    m_p_sprite->addFrame(Frame(NAME_WIDTH, NAME_HEIGHT, NAME_SLANTED));
+    m_p_sprite->addFrame(Frame(NAME_WIDTH, NAME_HEIGHT, NAME_UPRIGHT));
   }
   Animation animation;
   animation.setSprite(m_p_sprite);

@@ -17,8 +17,13 @@ using ot::Vector;
 
 using SplashOstrelTest = ot_test::HeadlessEngine;
 
+// Frames, width, height and colour, after checking that each frame fills its size.
 std::tuple<int, int, int, ot::Color> look(const ot::Object* p_o) {
   const ot::Sprite* p_sprite = p_o->getAnimation().getSprite();
+  for (int i = 0; i < p_sprite->getFrameCount(); i++) {
+    EXPECT_EQ(static_cast<size_t>(p_sprite->getWidth() * p_sprite->getHeight()),
+              p_sprite->getFrame(i).getString().size());
+  }
   return {p_sprite->getFrameCount(), p_sprite->getWidth(), p_sprite->getHeight(), p_sprite->getColor()};
 }
 

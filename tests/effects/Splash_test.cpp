@@ -117,6 +117,7 @@ TEST_F(SplashTest, UprightNameLeavesTheCreaturesLandingColumnsClear) {
   EXPECT_EQ(std::make_tuple(std::string("splash"), 47, 8, ot::GREEN),
             std::make_tuple(p_sprite->getLabel(), p_sprite->getWidth(), p_sprite->getHeight(),
                             p_sprite->getColor()));
+  for (int frame : {0, 1}) EXPECT_EQ(47u * 8, p_sprite->getFrame(frame).getString().size()) << frame;
   // The creature's 11 columns centre 24 past the name's: its last 6 columns overlap.
   ot::Frame upright = p_sprite->getFrame(1);
   for (int row = 0; row < 8; row++) {
