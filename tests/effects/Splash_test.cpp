@@ -1,5 +1,6 @@
 #include "engine/effects/Splash.h"
 
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,9 @@ struct Sequence {
   int frames;          // how long the loop ran
   bool creature_seen;  // whether the SplashOstrel ever existed
 };
+
+// Test lists show the case by its name.
+void PrintTo(const Sequence& sequence, std::ostream* p_out) { *p_out << sequence.name; }
 
 class SplashRun : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<Sequence> {};
 
