@@ -36,16 +36,18 @@ std::string contents(const std::string& path) {
   return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
 }
 
+// Settings for a fast headless start; written before a fork, not in the child.
+std::string configPath() {
+  return ot_test::writeTempFile("audio-config.txt", "headless:true,\nnetworking:false,\nframe_time:1,\n");
+}
+
 // In the child: a clean audio environment, the test's settings and files.
-void prepareChild(const Environment& environment, const std::string& log_path, const std::string& out_path,
-                  const std::string& err_path) {
+void prepareChild(const Environment& environment, const std::string& config_path, const std::string& log_path,
+                  const std::string& out_path, const std::string& err_path) {
   for (const char* name : {"ALSOFT_DRIVERS", "ALSOFT_LOGLEVEL", "ALSOFT_LOGFILE", "ALSOFT_CONF"})
     unsetenv(name);
   for (const auto& [name, value] : environment) setenv(name.c_str(), value.c_str(), 1);
-  setenv("OSTREL_CONFIG",
-         ot_test::writeTempFile("audio-config.txt", "headless:true,\nnetworking:false,\nframe_time:1,\n")
-             .c_str(),
-         1);
+  setenv("OSTREL_CONFIG", config_path.c_str(), 1);
   setenv("OSTREL_LOG", log_path.c_str(), 1);
   dup2(open(out_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 1);
   dup2(open(err_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 2);
@@ -56,9 +58,10 @@ Outcome runAudioProcess(const Environment& environment) {
   const std::string out_path = ot_test::writeTempFile("audio-process.out", "");
   const std::string err_path = ot_test::writeTempFile("audio-process.err", "");
   const std::string wav = ot_test::writeWavFile("audio-process.wav", 8000);
+  const std::string config_path = configPath();
   pid_t pid = fork();
   if (pid == 0) {
-    prepareChild(environment, log_path, out_path, err_path);
+    prepareChild(environment, config_path, log_path, out_path, err_path);
     execl(OSTREL_AUDIO_PROCESS, OSTREL_AUDIO_PROCESS, wav.c_str(), static_cast<char*>(nullptr));
     _exit(127);
   }
@@ -102,13 +105,14 @@ TEST(AudioProcess, ADeviceThatFailsToOpenLeavesTheSameSilenceAndItsReasonsInTheL
 
 TEST(AudioProcess, HeadlessGameStartsAndStopsWithNothingOnStandardError) {
   const std::string err_path = ot_test::writeTempFile("game-err.txt", "");
+  const std::string config_path = configPath();
   // The log is a pipe, read as the game writes it: the first line means it has started.
   int fds[2];
   ASSERT_EQ(0, pipe(fds));
   pid_t pid = fork();
   if (pid == 0) {
     close(fds[0]);
-    prepareChild({}, "/dev/fd/3", "/dev/null", err_path);
+    prepareChild({}, config_path, "/dev/fd/3", "/dev/null", err_path);
     dup2(fds[1], 3);
     execl(OSTREL_GAME_BINARY, OSTREL_GAME_BINARY, static_cast<char*>(nullptr));
     _exit(127);
