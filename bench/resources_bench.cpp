@@ -72,7 +72,6 @@ BENCHMARK(BM_LoadRobustSprites)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-  setenv("ALSOFT_DRIVERS", "null", 0);  // the resource tables hold audio players
   simple_paths = writeFiles("simple", simpleText());
   robust_paths = writeFiles("robust", robustText());
   ot::ResourceManager::getInstance().startUp();

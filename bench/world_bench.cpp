@@ -94,7 +94,6 @@ BENCHMARK(BM_GetCollisionsEmptyCell);
 }  // namespace
 
 int main(int argc, char** argv) {
-  setenv("ALSOFT_DRIVERS", "null", 0);
   setenv("OSTREL_CONFIG", "/dev/null", 1);
   setenv("OSTREL_LOG", "/tmp/ostrel-world-bench.log", 0);
   ot::Config::getInstance().setHeadless(true);

@@ -23,9 +23,6 @@ if [ ${#missing[@]} -gt 0 ]; then
 fi
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DOSTREL_BENCH=ON -DOSTREL_TESTS=OFF -DOSTREL_DEMOS=OFF >/dev/null
 cmake --build build-bench -j2
-# The benchmarks make no sound: a silent audio device keeps the audio
-# library quiet on machines without one.
-export ALSOFT_DRIVERS="${ALSOFT_DRIVERS:-null}"
 for bench in build-bench/bench/*_bench; do
   echo "== $(basename "$bench")"
   # -noreset: the server would otherwise reset between one window and the next.

@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(build-essential cmake googletest libgtest-dev libgmock-dev libbenchmark-dev
-          libsfml-dev libx11-dev xvfb xauth xdotool fonts-dejavu-core clang-format
+          libsfml-dev libopenal-dev libx11-dev xvfb xauth xdotool fonts-dejavu-core clang-format
           faketime)
 missing=()
 for p in "${packages[@]}"; do

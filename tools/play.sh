@@ -10,7 +10,4 @@ if [ -z "${DISPLAY:-}" ]; then
   echo "No display to open the game's window on (DISPLAY is not set): run this from a desktop session, or without one as: xvfb-run -a -s -noreset bash tools/play.sh" >&2
   exit 2
 fi
-# With no sound device, a silent one: else the audio library prints an error
-# for every sound slot at start-up.
-[ -e /dev/snd ] || export ALSOFT_DRIVERS="${ALSOFT_DRIVERS:-null}"
 exec ./build/ostrel-game

@@ -13,6 +13,7 @@
 #include "engine/presentation/DisplayManager.h"
 #include "engine/presentation/InputManager.h"
 #include "engine/presentation/ResourceManager.h"
+#include "engine/presentation/SfmlErrors.h"
 #include "engine/world/WorldManager.h"
 
 namespace ot {
@@ -58,6 +59,7 @@ int GameManager::startUp() {
     log.writeLog("GameManager::startUp(): Error! Starting log manager.");
     return -1;
   }
+  logSfmlErrors();
   log.writeLog("%s", STARS);
   log.writeLog("** Ostrel version %.2f **", 4.25);
   log.writeLog("** Game engine started **");
@@ -175,6 +177,7 @@ void GameManager::shutDown() {
     display.shutDown();
     log.writeLog(1, "Display manager stopped");
   }
+  restoreSfmlErrors();
   log.writeLog("%s", STARS);
   log.writeLog("** Game engine stopped **");
   if (log.isStarted()) log.shutDown();

@@ -7,6 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <string>
 
 namespace ot {
 namespace platform {
@@ -41,6 +43,19 @@ void installStopSignals();
 void removeStopSignals();
 // True once SIGINT or SIGTERM has arrived since installStopSignals.
 bool stopSignalled();
+
+// Sets an environment variable unless it is set already, so that a user's own
+// choice wins; false when it can't be set.
+bool setEnvironmentDefault(const char* name, const char* value);
+
+// Whether the machine has sound hardware that an audio library could open
+// directly. A sound server may still play where there is none.
+bool soundHardwarePresent();
+
+// Runs action with the process's standard error, as a file descriptor, sent to
+// a temporary file, so that what libraries print there is caught too; returns
+// what was written. Runs action uncaught when the redirection can't be made.
+std::string captureStandardError(const std::function<void()>& action);
 
 }  // namespace platform
 }  // namespace ot

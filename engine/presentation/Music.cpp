@@ -1,28 +1,56 @@
 #include "engine/presentation/Music.h"
 
+#include <SFML/Audio/InputSoundFile.hpp>
+#include <SFML/System/Err.hpp>
+
 #include "engine/core/LogManager.h"
+#include "engine/presentation/AudioOutput.h"
 
 namespace ot {
 
+Music::~Music() {
+  if (!m_deviceless) return;
+  // Without a device the player's last calls fail, and the log may be closed
+  // by now: SFML's complaints would reach the terminal.
+  std::streambuf* p_previous = sf::err().rdbuf(nullptr);
+  m_p_music.reset();
+  sf::err().rdbuf(p_previous);
+}
+
 int Music::loadMusic(std::string filename) {
-  // SFML says why on its own error stream; the ResourceManager logs the failure.
-  return m_music.openFromFile(filename) ? 0 : -1;
+  AudioOutput& output = AudioOutput::getInstance();
+  output.open();
+  // SFML says why in the log; the ResourceManager logs the failure.
+  if (!output.canPlay()) return sf::InputSoundFile().openFromFile(filename) ? 0 : -1;
+  return getMusic()->openFromFile(filename) ? 0 : -1;
 }
 
 void Music::play(bool loop) {
   LogManager::getInstance().writeLog(5, "Music::play(): Playing music.");
-  m_music.play();
-  m_music.setLoop(loop);
+  // Without a device SFML's streaming thread would spin on failing calls.
+  if (!m_p_music || m_deviceless) return;
+  m_p_music->play();
+  m_p_music->setLoop(loop);
 }
 
 void Music::pause() {
   LogManager::getInstance().writeLog(5, "Music::pause(): Pausing music.");
-  m_music.pause();
+  if (m_p_music) m_p_music->pause();
 }
 
 void Music::stop() {
   LogManager::getInstance().writeLog(5, "Music::stop(): Stopping music.");
-  m_music.stop();
+  if (m_p_music) m_p_music->stop();
+}
+
+sf::Music* Music::getMusic() {
+  if (!m_p_music) {
+    AudioOutput& output = AudioOutput::getInstance();
+    output.open();
+    m_deviceless = !output.canPlay();
+    m_p_music = std::make_unique<sf::Music>();
+  }
+  return m_p_music.get();
 }
 
 }  // namespace ot

@@ -1,6 +1,7 @@
 #include "engine/presentation/ResourceManager.h"
 
 #include "engine/core/LogManager.h"
+#include "engine/presentation/AudioOutput.h"
 #include "engine/presentation/Sprite.h"
 
 // The tables and the sound and music side; the sprite files are read in
@@ -8,7 +9,12 @@
 
 namespace ot {
 
-ResourceManager::ResourceManager() { setType("ResourceManager"); }
+ResourceManager::ResourceManager() {
+  setType("ResourceManager");
+  // Finished before this manager is, so destroyed after it: the audio output
+  // closes only once the sounds and music of the tables are gone.
+  AudioOutput::getInstance();
+}
 
 ResourceManager& ResourceManager::getInstance() {
   static ResourceManager resource_manager;

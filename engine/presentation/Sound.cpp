@@ -2,23 +2,36 @@
 
 #include <new>
 
+#include <SFML/Audio/InputSoundFile.hpp>
+
 #include "engine/core/LogManager.h"
+#include "engine/presentation/AudioOutput.h"
 
 namespace ot {
 
-Sound::Sound(const Sound& other) : m_sound_buffer(other.m_sound_buffer), m_label(other.m_label) {
+Sound::Sound(const Sound& other) : m_label(other.m_label) {
+  if (other.m_p_sound_buffer) m_p_sound_buffer = std::make_unique<sf::SoundBuffer>(*other.m_p_sound_buffer);
   if (other.m_p_sound) {
     m_p_sound = new (std::nothrow) sf::Sound(*other.m_p_sound);
-    if (m_p_sound) m_p_sound->setBuffer(m_sound_buffer);
+    if (m_p_sound) m_p_sound->setBuffer(*m_p_sound_buffer);
   }
 }
 
 Sound& Sound::operator=(const Sound& other) {
   if (this == &other) return *this;
-  // Assigning the buffer detaches the players that used the old one, so the
-  // player is bound again afterwards.
-  m_sound_buffer = other.m_sound_buffer;
   m_label = other.m_label;
+  if (!other.m_p_sound_buffer) {
+    delete m_p_sound;
+    m_p_sound = nullptr;
+    m_p_sound_buffer.reset();
+    return *this;
+  }
+  // Assigning a buffer detaches the players that used the old one, so the
+  // player is bound again afterwards.
+  if (m_p_sound_buffer)
+    *m_p_sound_buffer = *other.m_p_sound_buffer;
+  else
+    m_p_sound_buffer = std::make_unique<sf::SoundBuffer>(*other.m_p_sound_buffer);
   if (!other.m_p_sound) {
     delete m_p_sound;
     m_p_sound = nullptr;
@@ -28,7 +41,7 @@ Sound& Sound::operator=(const Sound& other) {
     *m_p_sound = *other.m_p_sound;  // takes the other's volume, pitch and the like
   else
     m_p_sound = new (std::nothrow) sf::Sound(*other.m_p_sound);
-  if (m_p_sound) m_p_sound->setBuffer(m_sound_buffer);
+  if (m_p_sound) m_p_sound->setBuffer(*m_p_sound_buffer);
   return *this;
 }
 
@@ -38,12 +51,17 @@ Sound::~Sound() {
 }
 
 int Sound::loadSound(std::string filename) {
-  if (!m_sound_buffer.loadFromFile(filename)) return -1;
+  AudioOutput& output = AudioOutput::getInstance();
+  output.open();
+  // Without a working device the file is only read, so that a bad one is still refused.
+  if (!output.canPlay()) return sf::InputSoundFile().openFromFile(filename) ? 0 : -1;
+  if (!m_p_sound_buffer) m_p_sound_buffer = std::make_unique<sf::SoundBuffer>();
+  if (!m_p_sound_buffer->loadFromFile(filename)) return -1;
   if (m_p_sound) {
-    m_p_sound->setBuffer(m_sound_buffer);
+    m_p_sound->setBuffer(*m_p_sound_buffer);
     return 0;
   }
-  m_p_sound = new (std::nothrow) sf::Sound(m_sound_buffer);
+  m_p_sound = new (std::nothrow) sf::Sound(*m_p_sound_buffer);
   if (!m_p_sound) {
     LogManager::getInstance().writeLog("Sound::loadSound(): Error! Cannot allocate m_p_sound.");
     return -1;
@@ -67,7 +85,10 @@ void Sound::stop() {
 }
 
 sf::Sound Sound::getSound() const {
-  if (!m_p_sound) return sf::Sound();
+  if (!m_p_sound) {
+    AudioOutput::getInstance().open();
+    return sf::Sound();
+  }
   return *m_p_sound;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -9,9 +10,10 @@
 namespace ot {
 
 // A sound effect held wholly in memory under a label, kept by value in the
-// ResourceManager's table. Owns its player, which exists only once a buffer
-// has been loaded. A copy gets its own buffer and a player bound to it, so
-// entries can be moved down the table by assignment.
+// ResourceManager's table. Buffer and player are made by the first load, as
+// making either opens the audio output; until then a Sound is only a label.
+// A copy gets its own buffer and a player bound to it, so entries can be
+// moved down the table by assignment.
 class Sound {
  public:
   Sound() = default;
@@ -19,7 +21,8 @@ class Sound {
   Sound& operator=(const Sound& other);
   ~Sound();
 
-  // Reads the file into the buffer; -1 when SFML can't read it.
+  // Reads the file into the buffer, reusing buffer and player on a reload;
+  // -1 when SFML can't read it, with the sound loaded before left as it was.
   int loadSound(std::string filename);
   std::string getLabel() const { return m_label; }
   void setLabel(std::string label) { m_label = std::move(label); }
@@ -33,8 +36,8 @@ class Sound {
   sf::Sound getSound() const;
 
  private:
-  sf::Sound* m_p_sound = nullptr;  // owned; plays m_sound_buffer
-  sf::SoundBuffer m_sound_buffer;
+  sf::Sound* m_p_sound = nullptr;                     // owned; plays *m_p_sound_buffer
+  std::unique_ptr<sf::SoundBuffer> m_p_sound_buffer;  // made by the first load
   std::string m_label = "[Undefined]";
 };
 

@@ -1,8 +1,11 @@
 #include "engine/platform/Platform.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <string>
 
 using namespace ot::platform;
@@ -15,4 +18,26 @@ TEST(Platform, AnEmptyDisplayIsNone) {
   setenv("DISPLAY", ":99", 1);
   EXPECT_TRUE(displayAvailable());
   p_saved ? setenv("DISPLAY", saved.c_str(), 1) : unsetenv("DISPLAY");
+}
+
+TEST(Platform, CapturedStandardErrorIsReturnedAndTheStreamPutBack) {
+  std::string inner;
+  std::string outer = captureStandardError([&] {
+    inner = captureStandardError([] {
+      std::fprintf(stderr, "from stdio\n");
+      EXPECT_EQ(8, write(2, "from fd\n", 8));
+      std::cerr << "from cerr\n";
+    });
+    std::fprintf(stderr, "after");
+  });
+  EXPECT_EQ("from stdio\nfrom fd\nfrom cerr\n", inner);
+  EXPECT_EQ("after", outer);
+}
+
+TEST(Platform, AnEnvironmentDefaultLeavesAValueAlreadySet) {
+  unsetenv("OSTREL_TEST_DEFAULT");
+  EXPECT_TRUE(setEnvironmentDefault("OSTREL_TEST_DEFAULT", "first"));
+  EXPECT_TRUE(setEnvironmentDefault("OSTREL_TEST_DEFAULT", "second"));
+  EXPECT_STREQ("first", getenv("OSTREL_TEST_DEFAULT"));
+  unsetenv("OSTREL_TEST_DEFAULT");
 }

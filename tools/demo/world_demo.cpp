@@ -78,7 +78,6 @@ class Director : public ot::Object {
 int main(int argc, char** argv) {
   std::string shot = argc > 1 ? argv[1] : "world-demo.png";
   setenv("OSTREL_CONFIG", "/dev/null", 1);
-  setenv("ALSOFT_DRIVERS", "null", 0);  // no sound here, and no device needed
   ot::Config& config = ot::Config::getInstance();
   config.setNetworking(false);
   config.setFrameTime(20);
