@@ -13,15 +13,7 @@ namespace {
 
 constexpr int FRAMES = 60;  // per measured stretch: two seconds of play
 
-void BM_GameFrame(benchmark::State& state) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    ot_bench::GameRun::freshWorld();
-    state.ResumeTiming();
-    ot_bench::GameRun::frames(FRAMES);
-  }
-  state.SetItemsProcessed(state.iterations() * FRAMES);
-}
+void BM_GameFrame(benchmark::State& state) { ot_bench::GameRun::measure(state, FRAMES); }
 
 BENCHMARK(BM_GameFrame)->Unit(benchmark::kMillisecond);
 

@@ -19,15 +19,7 @@ namespace {
 
 constexpr int FRAMES = 30;
 
-void BM_GameFrameInWindow(benchmark::State& state) {
-  for (auto _ : state) {
-    state.PauseTiming();
-    ot_bench::GameRun::freshWorld();
-    state.ResumeTiming();
-    ot_bench::GameRun::frames(FRAMES);
-  }
-  state.SetItemsProcessed(state.iterations() * FRAMES);
-}
+void BM_GameFrameInWindow(benchmark::State& state) { ot_bench::GameRun::measure(state, FRAMES); }
 
 void BM_BatchedScreen(benchmark::State& state) {
   ot_bench::BatchedScreen screen;

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # Installs what building, playing and testing Ostrel need, only what is
-# missing, on Debian 12 as root; then puts the font in place.
+# missing, on Debian 12 as root; then puts the font in place. Packages named
+# as arguments are installed as well (the benchmarks add their own).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(build-essential cmake googletest libgtest-dev libgmock-dev libbenchmark-dev
           libsfml-dev libopenal-dev libx11-dev xvfb xauth xdotool fonts-dejavu-core clang-format
-          faketime)
+          faketime "$@")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -54,6 +56,17 @@ class GameRun {
   static void frames(int n) {
     new StopAfter(n);
     ot::GameManager::getInstance().run();
+  }
+
+  // Times stretches of n frames, each from a fresh world made outside the timing.
+  static void measure(benchmark::State& state, int n) {
+    for (auto _ : state) {
+      state.PauseTiming();
+      freshWorld();
+      state.ResumeTiming();
+      frames(n);
+    }
+    state.SetItemsProcessed(state.iterations() * n);
   }
 
  private:

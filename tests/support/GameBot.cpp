@@ -24,6 +24,7 @@ constexpr int COLS = 80;  // the game's cells across and down its window
 constexpr int ROWS = 24;
 constexpr int TOP = 3;  // rows 0 to 2 and 21 to 23 hold the HUD, which covers the map
 constexpr int BOTTOM = 20;
+constexpr int MISMATCHES_ALLOWED = 80;  // of the 1 440 cells compared
 
 enum Hue { NONE, BLUE, CYAN, GREEN, MAGENTA, RED, YELLOW, WHITE, HUES };
 
@@ -116,6 +117,7 @@ GameBot::Capture GameBot::capture(bool keep_pixels) {
 GameBot::Sight GameBot::look() {
   Sight sight;
   Capture shot = capture();
+  sight.window_gone = !shot.ok;
   if (!shot.ok) return sight;
   m_window_width = shot.width;
   m_window_height = shot.height;
@@ -128,14 +130,15 @@ GameBot::Sight GameBot::look() {
   sight.shop_open = rowCount(ROWS / 2 - 7, YELLOW) >= 40 && rowCount(ROWS / 2 + 6, YELLOW) >= 40;
   sight.game_over = rowCount(ROWS / 2 - 3, RED) >= 20 && rowCount(ROWS / 2 + 3, RED) >= 20;
 
-  // Where the view stands: the offset and floor whose walls best match the blue cells, nearest the last.
+  // Where the view stands: the offset and floor whose walls best match the blue cells, nearest
+  // the last. The view moves little between looks, so near the last is searched first.
+  const int last_x = m_view_x, last_y = m_view_y, last_floor = m_floor;
   long best_score = LONG_MAX;
-  const int last_x = m_view_x, last_y = m_view_y;
-  for (int floor = 0; floor < NUM_FLOORS; floor++) {
+  auto search = [&](int floor, int x0, int x1, int y0, int y1) {
     m_level.setFloor(floor);
-    for (int vy = 0; vy <= MAP_H * TILE_H - ROWS; vy++) {
-      for (int vx = 0; vx <= MAP_W * TILE_W - COLS; vx++) {
-        long score = std::abs(vx - last_x) + std::abs(vy - last_y) + (floor != m_floor) * 10;
+    for (int vy = std::max(0, y0); vy <= std::min(MAP_H * TILE_H - ROWS, y1); vy++) {
+      for (int vx = std::max(0, x0); vx <= std::min(MAP_W * TILE_W - COLS, x1); vx++) {
+        long score = std::abs(vx - last_x) + std::abs(vy - last_y) + (floor != last_floor) * 10;
         for (int row = TOP; row <= BOTTOM && score < best_score; row++)
           for (int col = 0; col < COLS; col++)
             if ((shot.cell[row][col] == BLUE) !=
@@ -149,7 +152,20 @@ GameBot::Sight GameBot::look() {
         }
       }
     }
+  };
+  search(last_floor, last_x - 12, last_x + 12, last_y - 8, last_y + 8);
+  // Walls hidden by creatures or text drawn over them make a few cells differ. Many more
+  // mean a shaken frame (characters move, their backgrounds don't) or a jump to the other
+  // floor: a shake passes within a few frames, so only a lasting mismatch is a jump.
+  if (best_score > MISMATCHES_ALLOWED * 1000 && ++m_lost_looks < 15) {
+    m_view_x = last_x;
+    m_view_y = last_y;
+    return sight;  // the hero unseen, as while it blinks
   }
+  if (best_score > MISMATCHES_ALLOWED * 1000) {
+    for (int floor = 0; floor < NUM_FLOORS; floor++) search(floor, 0, INT_MAX, 0, INT_MAX);
+  }
+  m_lost_looks = 0;
   rememberFloor(sight.floor);
 
   int left = COLS, right = -1, top = ROWS, bottom = -1;
@@ -224,15 +240,29 @@ bool GameBot::step(const Sight& from, int dx, int dy) {
 
 bool GameBot::walkTo(int x, int y, double seconds, bool strike) {
   auto start = std::chrono::steady_clock::now();
+  auto waiting_since = start;  // when the hero last stood waiting for a creature
+  bool waiting = false;
   while (secondsSince(start) < seconds) {
     Sight sight = look();
+    if (sight.window_gone || sight.game_over) return false;
     if (!sight.hero_seen) {
-      usleep(50 * 1000);  // blinking after a blow
+      usleep(50 * 1000);  // blinking after a blow, or a shaken frame
       continue;
     }
     if (sight.hero_x == x && sight.hero_y == y) return true;
-    if (sight.game_over) return false;
-    if (strike && fight(sight)) continue;
+    if (strike) {
+      Threat threat = fight(sight);
+      if (threat == Threat::FOUGHT) continue;
+      // A creature close by is let come (and met by a blow) rather than walked past, but
+      // not for ever: one that can't reach the hero mustn't hold it.
+      if (threat == Threat::NEAR && (!waiting || secondsSince(waiting_since) < 2)) {
+        if (!waiting) waiting_since = std::chrono::steady_clock::now();
+        waiting = true;
+        usleep(50 * 1000);
+        continue;
+      }
+    }
+    waiting = false;
     auto [dx, dy] = firstStep(sight.floor, sight.hero_x, sight.hero_y, x, y);
     if (dx == 0 && dy == 0) return false;
     if (!step(sight, dx, dy) && strike) attack(1, dx, dy);  // something stands in the way
@@ -240,23 +270,24 @@ bool GameBot::walkTo(int x, int y, double seconds, bool strike) {
   return false;
 }
 
-bool GameBot::fight(const Sight& sight) {
+GameBot::Threat GameBot::fight(const Sight& sight) {
+  Threat threat = Threat::NONE;
   for (auto [cx, cy] : sight.creatures) {
     int dx = cx - sight.hero_x, dy = cy - sight.hero_y;
-    if (std::abs(dx) + std::abs(dy) != 1) continue;
-    // A blocked blow stuns its striker; the block is simply refused while it rests.
-    press("shift");
-    attack(1, dx, dy);
-    return true;
-  }
-  for (auto [cx, cy] : sight.creatures) {
-    int dx = cx - sight.hero_x, dy = cy - sight.hero_y;
-    if ((dx == 0) != (dy == 0) && std::abs(dx) + std::abs(dy) <= 5) {
-      attack(3, (dx > 0) - (dx < 0), (dy > 0) - (dy < 0));  // an arrow down the line
-      break;
+    int away = std::abs(dx) + std::abs(dy);
+    if (away == 1) {
+      // A blocked blow stuns its striker; the block is simply refused while it rests.
+      press("shift");
+      attack(1, dx, dy);
+      return Threat::FOUGHT;
     }
+    if ((dx == 0) != (dy == 0) && away <= 6) {
+      attack(3, (dx > 0) - (dx < 0), (dy > 0) - (dy < 0));  // an arrow down the line
+      threat = Threat::NEAR;
+    }
+    if (away <= 3) threat = Threat::NEAR;
   }
-  return false;
+  return threat;
 }
 
 bool GameBot::approachNearestCreature() {

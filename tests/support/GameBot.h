@@ -28,6 +28,7 @@ class GameBot {
     std::vector<std::pair<int, int>> creatures;  // tiles of the other creatures in view
     bool shop_open = false;
     bool game_over = false;
+    bool window_gone = false;  // the game has ended, or never showed
   };
 
   GameBot(unsigned long window, Level& level);
@@ -51,9 +52,10 @@ class GameBot {
  private:
   struct Capture;
   Capture capture(bool keep_pixels = false);
-  // Blocks and strikes a creature on a neighbouring tile, or shoots at one in
-  // line; whether the hero had a neighbour to fight.
-  bool fight(const Sight& sight);
+  enum class Threat { NONE, NEAR, FOUGHT };
+  // Blocks and strikes a creature on a neighbouring tile (FOUGHT), or shoots
+  // at one in line; NEAR when one is in line or within three tiles.
+  Threat fight(const Sight& sight);
   // Steps once toward the neighbouring tile; false when the hero didn't get there.
   bool step(const Sight& from, int dx, int dy);
   // The first step of the shortest walkable way, or (0,0) when there is none.
@@ -67,7 +69,8 @@ class GameBot {
   int m_floor = 0;
   int m_window_width = 1024;
   int m_window_height = 768;
-  Sight m_last;  // what the last look showed
+  Sight m_last;          // what the last look showed
+  int m_lost_looks = 0;  // looks in a row whose walls matched nowhere near the last view
 };
 
 }  // namespace ot_test
