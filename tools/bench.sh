@@ -5,7 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # libtcod's A* is the path search's yardstick; only the benchmarks use it.
-bash tools/install-deps.sh libtcod-dev pkg-config
+bash tools/install-deps.sh libtcod-dev
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DOSTREL_BENCH=ON -DOSTREL_TESTS=OFF -DOSTREL_DEMOS=OFF >/dev/null
 cmake --build build-bench -j2
 for bench in build-bench/bench/*_bench; do

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 
 packages=(build-essential cmake googletest libgtest-dev libgmock-dev libbenchmark-dev
           libsfml-dev libopenal-dev libx11-dev xvfb xauth xdotool fonts-dejavu-core clang-format
-          faketime "$@")
+          faketime pkg-config "$@")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

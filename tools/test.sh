@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Builds and runs every test: the formatting check, then the Debug build and
-# the AddressSanitizer+UndefinedBehaviorSanitizer build, each under ctest.
+# the AddressSanitizer+UndefinedBehaviorSanitizer build, each under ctest, and
+# between them the engine installed and used from outside this tree.
 # The windowed tests run in a private X server (xvfb-run) that ctest starts.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash tools/install-deps.sh
 
 echo "== formatting"
-mapfile -d '' -t sources < <(find engine game tests bench tools \( -name '*.cpp' -o -name '*.h' \) -print0 | sort -z)
+mapfile -d '' -t sources < <(find engine game tests bench tools examples \( -name '*.cpp' -o -name '*.h' \) -print0 | sort -z)
 if ! clang-format --dry-run -Werror "${sources[@]}"; then
   echo "Formatting differs from .clang-format: run clang-format -i on the files named above." >&2
   exit 1
@@ -23,6 +24,8 @@ run() {
 }
 
 run build-debug
+echo "== install"
+bash tools/check-install.sh build-debug
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 export ASAN_OPTIONS=detect_leaks=1
 export LSAN_OPTIONS="suppressions=$PWD/tests/support/lsan.supp"

@@ -199,6 +199,9 @@ TEST_F(Resources, ShippedExamplesLoadAndNothingLoadsBeforeTheStart) {
   EXPECT_EQ(0, rm.loadSprite(dir + "coin-simple.txt", "simple"));
   EXPECT_EQ(0, rm.loadSprite(dir + "coin-robust.txt", "robust"));
   EXPECT_EQ(rm.getSprite("simple")->getFrameCount(), rm.getSprite("robust")->getFrameCount());
+  // The game template's, which a new game maker edits first.
+  EXPECT_EQ(0, rm.loadSprite(std::string(getenv("OSTREL_SOURCE_DIR")) + "/examples/walker/sprites/walker.txt",
+                             "template"));
   rm.shutDown();
   EXPECT_EQ(-1, rm.loadSprite(dir + "coin-simple.txt", "late"));
   EXPECT_TRUE(ot_test::logHas(logMessages(), "ResourceManager not started!"));
