@@ -26,11 +26,9 @@
 // looked at. Every wait is bounded.
 namespace {
 
-constexpr const char* TITLE = "OstrelGameWindowTest";
+using ot_test::xdotool;
 
-int xdotool(const std::string& args) {
-  return std::system(("timeout 20 xdotool " + args + " >/dev/null 2>&1").c_str());
-}
+constexpr const char* TITLE = "OstrelGameWindowTest";
 
 // The id of the game's window, waiting up to 20 s for it to appear, and given
 // the keyboard; 0 if it doesn't appear.

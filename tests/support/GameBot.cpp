@@ -22,9 +22,9 @@ namespace {
 
 constexpr int COLS = 80;  // the game's cells across and down its window
 constexpr int ROWS = 24;
-constexpr int TOP = 3;  // rows 0 to 2 and 21 to 23 hold the HUD, which covers the map
+constexpr int TOP = 3;  // rows 0 to 2 and 21 to 23 hold the HUD: creatures are looked for between
 constexpr int BOTTOM = 20;
-constexpr int MISMATCHES_ALLOWED = 80;  // of the 1 440 cells compared
+constexpr int MISMATCHES_ALLOWED = 80;  // of the 1 920 cells compared
 
 enum Hue { NONE, BLUE, CYAN, GREEN, MAGENTA, RED, YELLOW, WHITE, HUES };
 
@@ -45,13 +45,13 @@ double secondsSince(std::chrono::steady_clock::time_point start) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-void xdotool(const std::string& args) {
-  if (std::system(("timeout 10 xdotool " + args + " >/dev/null 2>&1").c_str()) != 0) return;
-}
-
 const char* keyFor(int dx, int dy) { return dx > 0 ? "d" : dx < 0 ? "a" : dy > 0 ? "s" : "w"; }
 
 }  // namespace
+
+int xdotool(const std::string& args) {
+  return std::system(("timeout 20 xdotool " + args + " >/dev/null 2>&1").c_str());
+}
 
 // The window's cells, each named by the hue most of its sampled pixels have.
 struct GameBot::Capture {
@@ -139,11 +139,16 @@ GameBot::Sight GameBot::look() {
     for (int vy = std::max(0, y0); vy <= std::min(MAP_H * TILE_H - ROWS, y1); vy++) {
       for (int vx = std::max(0, x0); vx <= std::min(MAP_W * TILE_W - COLS, x1); vx++) {
         long score = std::abs(vx - last_x) + std::abs(vy - last_y) + (floor != last_floor) * 10;
-        for (int row = TOP; row <= BOTTOM && score < best_score; row++)
-          for (int col = 0; col < COLS; col++)
-            if ((shot.cell[row][col] == BLUE) !=
-                (m_level.tileAt((vx + col) / TILE_W, (vy + row) / TILE_H) == TILE_WALL))
+        // Only walls (blue) and bare floor (black) count: a cell of another hue is a
+        // creature, the HUD or text drawn over the map, and says nothing of what lies below.
+        for (int row = 0; row < ROWS && score < best_score; row++) {
+          for (int col = 0; col < COLS; col++) {
+            Hue hue = shot.cell[row][col];
+            if ((hue == BLUE || hue == NONE) &&
+                (hue == BLUE) != (m_level.tileAt((vx + col) / TILE_W, (vy + row) / TILE_H) == TILE_WALL))
               score += 1000;
+          }
+        }
         if (score < best_score) {
           best_score = score;
           sight.floor = floor;

@@ -8,6 +8,9 @@ class Level;
 
 namespace ot_test {
 
+// Runs xdotool with these arguments, bounded to 20 s; its exit status.
+int xdotool(const std::string& args);
+
 // Plays the real game in its window as a person would: it reads the window's
 // pixels, finds where the view stands by matching the walls it sees against
 // the map, finds the hero and the creatures, and presses keys and clicks
