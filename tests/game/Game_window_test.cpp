@@ -45,7 +45,7 @@ unsigned long focusWindow() {
 
 // Pixels of the window by kind of colour, and where the hero's cyan stands.
 struct Screen {
-  int blue = 0, red = 0, yellow = 0, cyan = 0;
+  int blue = 0, red = 0, yellow = 0, cyan = 0, white = 0;
   double hero_x = -1;  // mean x of cyan pixels above the bottom HUD line
 };
 
@@ -66,6 +66,7 @@ Screen look(unsigned long window) {
       if (lo_r && lo_g && hi_b) screen.blue++;
       if (hi_r && lo_g && lo_b) screen.red++;
       if (hi_r && hi_g && lo_b) screen.yellow++;
+      if (hi_r && hi_g && hi_b) screen.white++;
       if (lo_r && hi_g && hi_b) {
         screen.cyan++;
         if (y < attributes.height * 20 / 24) {
@@ -93,8 +94,9 @@ int waitForExit(pid_t pid) {
   return -1;
 }
 
-// Starts a game program in a window from the repository root, logging to log_path.
-pid_t startInWindow(const char* binary, const std::string& log_path, const char* argument = nullptr) {
+// Starts a game program in a window from dir (by default the repository root), logging to log_path.
+pid_t startInWindow(const char* binary, const std::string& log_path, const char* argument = nullptr,
+                    const char* dir = std::getenv("OSTREL_SOURCE_DIR")) {
   std::string config = ot_test::writeTempFile(
       "game-window-config.txt", "networking:false,\nrandom_seed:1,\nwindow_title:" + std::string(TITLE) +
                                     ",\nfont_file:" + ot_test::fontFile() + ",\n");
@@ -102,7 +104,7 @@ pid_t startInWindow(const char* binary, const std::string& log_path, const char*
   if (pid == 0) {
     setenv("OSTREL_CONFIG", config.c_str(), 1);
     setenv("OSTREL_LOG", log_path.c_str(), 1);
-    if (chdir(std::getenv("OSTREL_SOURCE_DIR")) != 0) _exit(126);
+    if (chdir(dir) != 0) _exit(126);
     execl(binary, binary, argument, static_cast<char*>(nullptr));
     _exit(127);
   }
@@ -143,6 +145,31 @@ TEST(GameWindow, KeysAndClicksPlayTheGameAndTheScreenShowsMapHudAndHero) {
   std::vector<std::string> log = ot_test::readLogMessages(log_path);
   EXPECT_TRUE(ot_test::logHas(log, "Level::Level(): 23 spawn points, start (3,2)."));
   expectCleanLog(log);
+}
+
+TEST(GameWindow, WithoutItsSpritesTheGameStillDrawsMapHudAndTimer) {
+  std::string log_path = ot_test::writeTempFile("game-no-sprites.log", "");
+  std::string empty_dir = ot_test::writeTempFile("no-sprites-window", "");
+  unlink(empty_dir.c_str());
+  ASSERT_EQ(0, mkdir(empty_dir.c_str(), 0700));
+  pid_t pid = startInWindow(OSTREL_GAME_BINARY, log_path, nullptr, empty_dir.c_str());
+  unsigned long window = focusWindow();
+  ASSERT_NE(0u, window) << "no game window";
+  usleep(500 * 1000);
+  Screen screen = look(window);
+  ASSERT_EQ(0, xdotool("key q"));
+  EXPECT_EQ(0, waitForExit(pid));
+  rmdir(empty_dir.c_str());
+
+  EXPECT_GT(screen.blue, 1000);  // walls
+  EXPECT_GT(screen.red, 50);     // "HP"
+  EXPECT_GT(screen.yellow, 50);  // "Gold"
+  EXPECT_GT(screen.white, 50);   // "Score", the timer line, the aim mark
+  EXPECT_EQ(-1, screen.hero_x);  // the hero has no picture: only the floor item is cyan
+  std::vector<std::string> log = ot_test::readLogMessages(log_path);
+  EXPECT_EQ(1, ot_test::logCount(log, "game: failed to load sprite sprites/hero.txt"));
+  EXPECT_EQ(1, ot_test::logCount(log, "game: failed to load sprite sprites/arrow-down.txt"));
+  EXPECT_EQ("** Game engine stopped **", log.back());
 }
 
 TEST(GameWindow, AScriptedRunEarnsGoldBuysTheKeyWalksThroughADoorTakesTheStairsAndEnds) {
