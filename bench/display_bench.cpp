@@ -11,7 +11,6 @@
 
 #include <SFML/Graphics.hpp>
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include "bench/support/BatchedScreen.h"
@@ -27,11 +26,6 @@ using ot::DisplayManager;
 using ot_bench::BatchedScreen;
 constexpr int COLS = BatchedScreen::COLS;
 constexpr int ROWS = BatchedScreen::ROWS;
-
-std::string benchFont() {
-  if (std::ifstream("ot-font.ttf").good()) return "ot-font.ttf";
-  return "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
-}
 
 // Only the swap: the clear and the display that both screens pay as well.
 void BM_EmptyFrame(benchmark::State& state) {
@@ -73,7 +67,7 @@ int main(int argc, char** argv) {
   ot::Config& config = ot::Config::getInstance();
   config.setHeadless(false);
   config.setNetworking(false);
-  config.setFontFile(benchFont());
+  config.setFontFile(ot::findFontFile());
   config.setLogfile("/tmp/ostrel-display-bench.log");
   ot::GameManager& game = ot::GameManager::getInstance();
   if (game.startUp() != 0) {

@@ -8,12 +8,12 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include "bench/support/BatchedScreen.h"
 #include "bench/support/GameRun.h"
 #include "bench/support/RatioReporter.h"
+#include "engine/core/Config.h"
 
 namespace {
 
@@ -36,8 +36,7 @@ BENCHMARK(BM_BatchedScreen)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
-  std::string font = std::string(OSTREL_SOURCE_DIR) + "/ot-font.ttf";
-  if (!std::ifstream(font).good()) font = "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
+  const std::string font = ot::findFontFile(OSTREL_SOURCE_DIR);
   ot::GameManager& game = ot::GameManager::getInstance();
   if (!ot_bench::GameRun::start(
           "networking:false,\nlogfile:/tmp/ostrel-game-window-bench.log,\nfont_file:" + font + ",\n")) {

@@ -19,7 +19,7 @@ std::string Config::readConfig() const {
   std::string path = p_env ? p_env : CONFIG_FILENAME;
   std::ifstream file(path);
   if (!file.is_open()) {
-    LogManager::getInstance().writeLog(1, "Config::readConfig(): Cannot open Ostrel configuration file '%s'.",
+    LogManager::getInstance().writeLog(LOG_INFO, "Config::readConfig(): Cannot open Ostrel configuration file '%s'.",
                                        CONFIG_FILENAME.c_str());
     return "";
   }
@@ -94,27 +94,32 @@ void Config::loadConfig(std::string config) {
 void Config::print() const {
   LogManager& log = LogManager::getInstance();
   const char* dashes = "-----------------------------------";
-  log.writeLog(1, "%s", dashes);
-  log.writeLog(1, "Ostrel configuration:");
-  log.writeLog(1, "  Window horizontal pixels: %d", m_window_horizontal_pixels);
-  log.writeLog(1, "  Window vertical pixels: %d", m_window_vertical_pixels);
-  log.writeLog(1, "  Window horizontal characters: %d", m_window_horizontal_chars);
-  log.writeLog(1, "  Window vertical characters: %d", m_window_vertical_chars);
-  log.writeLog(1, "  Window background color: %d", m_window_background_color);
-  log.writeLog(1, "  Frame time: %d", m_frame_time);
-  log.writeLog(1, "  Window style: %d", m_window_style);
-  log.writeLog(1, "  Window state: %s", m_window_state ? "fullscreen" : "default");
-  log.writeLog(1, "  Window title: %s", m_window_title.c_str());
-  log.writeLog(1, "  Show mouse: %s", m_show_mouse ? "true" : "false");
-  log.writeLog(1, "  Headless: %s", m_headless ? "true" : "false");
-  log.writeLog(1, "  Font file: %s", m_font_file.c_str());
-  log.writeLog(1, "  Log file: %s", m_logfile.c_str());
-  log.writeLog(1, "  Random seed: %d", m_random_seed);
-  log.writeLog(1, "  Networking: %s", m_networking ? "true" : "false");
-  log.writeLog(1, "  Scene graph: grid");
-  log.writeLog(1, "  Grid width: %d", m_grid_width);
-  log.writeLog(1, "  Grid height: %d", m_grid_height);
-  log.writeLog(1, "%s", dashes);
+  log.writeLog(LOG_INFO, "%s", dashes);
+  log.writeLog(LOG_INFO, "Ostrel configuration:");
+  log.writeLog(LOG_INFO, "  Window horizontal pixels: %d", m_window_horizontal_pixels);
+  log.writeLog(LOG_INFO, "  Window vertical pixels: %d", m_window_vertical_pixels);
+  log.writeLog(LOG_INFO, "  Window horizontal characters: %d", m_window_horizontal_chars);
+  log.writeLog(LOG_INFO, "  Window vertical characters: %d", m_window_vertical_chars);
+  log.writeLog(LOG_INFO, "  Window background color: %d", m_window_background_color);
+  log.writeLog(LOG_INFO, "  Frame time: %d", m_frame_time);
+  log.writeLog(LOG_INFO, "  Window style: %d", m_window_style);
+  log.writeLog(LOG_INFO, "  Window state: %s", m_window_state ? "fullscreen" : "default");
+  log.writeLog(LOG_INFO, "  Window title: %s", m_window_title.c_str());
+  log.writeLog(LOG_INFO, "  Show mouse: %s", m_show_mouse ? "true" : "false");
+  log.writeLog(LOG_INFO, "  Headless: %s", m_headless ? "true" : "false");
+  log.writeLog(LOG_INFO, "  Font file: %s", m_font_file.c_str());
+  log.writeLog(LOG_INFO, "  Log file: %s", m_logfile.c_str());
+  log.writeLog(LOG_INFO, "  Random seed: %d", m_random_seed);
+  log.writeLog(LOG_INFO, "  Networking: %s", m_networking ? "true" : "false");
+  log.writeLog(LOG_INFO, "  Scene graph: grid");
+  log.writeLog(LOG_INFO, "  Grid width: %d", m_grid_width);
+  log.writeLog(LOG_INFO, "  Grid height: %d", m_grid_height);
+  log.writeLog(LOG_INFO, "%s", dashes);
+}
+
+std::string findFontFile(const std::string& folder) {
+  const std::string local = folder + "/" + FONT_FILENAME;
+  return std::ifstream(local).good() ? local : SYSTEM_FONT_FILENAME;
 }
 
 }  // namespace ot

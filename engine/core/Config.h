@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "engine/core/EventLabels.h"
 #include "engine/core/Types.h"
 
 namespace ot {
@@ -19,7 +20,7 @@ class Config {
   void loadConfig(std::string config);
   // The settings file's lines, comments and blank lines dropped, joined with nothing.
   std::string readConfig() const;
-  // Writes the settings to the log at level 1.
+  // Writes the settings to the log at LOG_INFO.
   void print() const;
   // Puts every setting back to its default.
   void reset() { *this = Config(); }
@@ -87,7 +88,7 @@ class Config {
   std::string m_window_title = "Ostrel";
   bool m_show_mouse = false;
   bool m_headless = false;
-  std::string m_font_file = "ot-font.ttf";
+  std::string m_font_file = FONT_FILENAME;
   std::string m_logfile = "ostrel.log";
   int m_random_seed = 0;  // 0: from the time; -1: leave unseeded
   bool m_networking = true;
@@ -97,5 +98,9 @@ class Config {
   int m_grid_height = 8;
   bool m_signals = true;
 };
+
+// FONT_FILENAME in the folder when it is there, else the system's copy: for
+// demos, tools and tests that may run from anywhere.
+std::string findFontFile(const std::string& folder = ".");
 
 }  // namespace ot

@@ -27,6 +27,8 @@ inline const std::string CUSTOM_NETWORK_EVENT = "ot-custom-network";
 
 inline const std::string CONFIG_FILENAME = "ot-config.txt";
 inline const std::string FONT_FILENAME = "ot-font.ttf";
+// The system's copy of that font, for programs run away from a game's folder.
+inline const std::string SYSTEM_FONT_FILENAME = "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
 inline const std::string LOGFILE_NAME = "ostrel.log";
 inline const std::string WINDOW_TITLE_DEFAULT = "Ostrel";
 inline const std::string DEFAULT_PORT = "9876";

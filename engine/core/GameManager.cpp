@@ -46,10 +46,7 @@ void GameManager::setSleepFunction(SleepFunction sleep) { g_sleep = sleep; }
 
 int GameManager::startUp() {
   LogManager& log = LogManager::getInstance();
-  if (isStarted()) {
-    log.writeLog("%s::startup(): Warning! %s already started.", getType().c_str(), getType().c_str());
-    return -1;
-  }
+  if (refuseSecondStart()) return -1;
   // From here on a SIGINT or SIGTERM ends the run cleanly instead of the process.
   platform::installStopSignals();
   Config& config = Config::getInstance();
@@ -66,56 +63,56 @@ int GameManager::startUp() {
   log.writeLog("%s", STARS);
   config.print();
 
-  log.writeLog(1, "Working directory:");
+  log.writeLog(LOG_INFO, "Working directory:");
   char directory[256];
   if (platform::getWorkingDirectory(directory, sizeof(directory)))
-    log.writeLog(1, "  %s", directory);
+    log.writeLog(LOG_INFO, "  %s", directory);
   else
-    log.writeLog(1, "  %s", "(full path too long)");
-  log.writeLog(1, "Log Manager started.");
+    log.writeLog(LOG_INFO, "  %s", "(full path too long)");
+  log.writeLog(LOG_INFO, "Log Manager started.");
 
   m_frame_time = config.getFrameTime();
-  log.writeLog(5, "GameManager::startUp(): frame time is %d milliseconds", m_frame_time);
+  log.writeLog(LOG_DETAIL, "GameManager::startUp(): frame time is %d milliseconds", m_frame_time);
 
   DisplayManager& display = DisplayManager::getInstance();
   if (display.startUp()) {
     log.writeLog("GameManager::startUp(): Error! Starting display manager.");
     return -1;
   }
-  log.writeLog(1, "Display manager started.");
+  log.writeLog(LOG_INFO, "Display manager started.");
 
   if (InputManager::getInstance().startUp()) {
     log.writeLog("GameManager::startUp(): Error! Starting input manager.");
     return -1;
   }
-  log.writeLog(1, "Input manager started.");
+  log.writeLog(LOG_INFO, "Input manager started.");
 
   if (config.getNetworking()) {
     if (NetworkManager::getInstance().startUp()) {
       log.writeLog("GameManager::startUp(): Error! Starting network manager.");
       return -1;
     }
-    log.writeLog(1, "Network manager started.");
+    log.writeLog(LOG_INFO, "Network manager started.");
   }
 
   if (ResourceManager::getInstance().startUp()) {
     log.writeLog("GameManager::startUp(): Error! Starting resource manager.");
     return -1;
   }
-  log.writeLog(1, "Resource manager started.");
+  log.writeLog(LOG_INFO, "Resource manager started.");
 
   WorldManager& world = WorldManager::getInstance();
   if (world.startUp()) {
     log.writeLog("GameManager::startUp(): Error starting world manager.");
     return -1;
   }
-  log.writeLog(1, "World manager started.");
+  log.writeLog(LOG_INFO, "World manager started.");
 
   if (PathManager::getInstance().startUp()) {
     log.writeLog("GameManager::startUp(): Error starting path manager.");
     return -1;
   }
-  log.writeLog(1, "Path manager started.");
+  log.writeLog(LOG_INFO, "Path manager started.");
 
   Box boundary(Vector(0, 0), static_cast<float>(display.getHorizontalChars()),
                static_cast<float>(display.getVerticalChars()));
@@ -127,16 +124,16 @@ int GameManager::startUp() {
   if (seed == 0) seed = static_cast<int>(time(nullptr));
   // A configured -1 leaves the generator unseeded on purpose.
   if (seed != -1) {
-    log.writeLog(10, "GameManager()::startUp(): srand() seed with %d", seed);
+    log.writeLog(LOG_DEBUG, "GameManager()::startUp(): srand() seed with %d", seed);
     srand(static_cast<unsigned int>(seed));
   }
 
   if (platform::timeBeginPeriod(1) == platform::TIMERR_NOCANDO)
-    log.writeLog(1, "GameManager()::startUp(): Warning!  timeBeginPeriod() cannot accept 1 msec.");
+    log.writeLog(LOG_INFO, "GameManager()::startUp(): Warning!  timeBeginPeriod() cannot accept 1 msec.");
 
   setGameOver(false);
   Manager::startUp();
-  log.writeLog(1, "GameManager successfully started.");
+  log.writeLog(LOG_INFO, "GameManager successfully started.");
   return 0;
 }
 
@@ -145,37 +142,37 @@ void GameManager::shutDown() {
   setGameOver(true);
   platform::removeStopSignals();
   if (platform::timeEndPeriod(1) == platform::TIMERR_NOCANDO)
-    log.writeLog(1, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
+    log.writeLog(LOG_INFO, "GameManager()::shutDown(): Warning! timeEndPeriod() cannot accept 1 msec.");
 
   PathManager& path = PathManager::getInstance();
   if (path.isStarted()) {
     path.shutDown();
-    log.writeLog(1, "Path manager stopped");
+    log.writeLog(LOG_INFO, "Path manager stopped");
   }
   WorldManager& world = WorldManager::getInstance();
   if (world.isStarted()) {
     world.shutDown();
-    log.writeLog(1, "World manager stopped");
+    log.writeLog(LOG_INFO, "World manager stopped");
   }
   ResourceManager& resources = ResourceManager::getInstance();
   if (resources.isStarted()) {
     resources.shutDown();
-    log.writeLog(1, "Resource manager stopped");
+    log.writeLog(LOG_INFO, "Resource manager stopped");
   }
   NetworkManager& network = NetworkManager::getInstance();
   if (Config::getInstance().getNetworking() && network.isStarted()) {
     network.shutDown();
-    log.writeLog(1, "Network manager stopped");
+    log.writeLog(LOG_INFO, "Network manager stopped");
   }
   InputManager& input = InputManager::getInstance();
   if (input.isStarted()) {
     input.shutDown();
-    log.writeLog(1, "Input manager stopped");
+    log.writeLog(LOG_INFO, "Input manager stopped");
   }
   DisplayManager& display = DisplayManager::getInstance();
   if (display.isStarted()) {
     display.shutDown();
-    log.writeLog(1, "Display manager stopped");
+    log.writeLog(LOG_INFO, "Display manager stopped");
   }
   restoreSfmlErrors();
   log.writeLog("%s", STARS);
@@ -188,7 +185,7 @@ void GameManager::run() {
   Clock game_clock;
   std::int64_t adjust_time = 0;
   LogManager& log = LogManager::getInstance();
-  log.writeLog(1, "GameManager::run(): starting game loop");
+  log.writeLog(LOG_INFO, "GameManager::run(): starting game loop");
   setGameOver(false);
   m_step_count = 0;
 
@@ -237,7 +234,7 @@ void GameManager::run() {
     }
     m_step_count++;
   }
-  log.writeLog(1, "GameManager::run(): end of game loop");
+  log.writeLog(LOG_INFO, "GameManager::run(): end of game loop");
 }
 
 }  // namespace ot

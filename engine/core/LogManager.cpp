@@ -22,10 +22,7 @@ LogManager::~LogManager() {
 }
 
 int LogManager::startUp() {
-  if (isStarted()) {
-    writeLog("%s::startup(): Warning! %s already started.", getType().c_str(), getType().c_str());
-    return -1;
-  }
+  if (refuseSecondStart()) return -1;
   const char* p_env = getenv("OSTREL_LOG");
   std::string file_name = p_env ? p_env : Config::getInstance().getLogfile();
   m_p_f = fopen(file_name.c_str(), "w");
@@ -34,13 +31,13 @@ int LogManager::startUp() {
     return -1;
   }
   Manager::startUp();
-  writeLog(5, "LogManager::startUp(): successfully started.");
+  writeLog(LOG_DETAIL, "LogManager::startUp(): successfully started.");
   return 0;
 }
 
 void LogManager::shutDown() {
   Manager::shutDown();
-  writeLog(5, "LogManager::shutDown(): successfully stopped.");
+  writeLog(LOG_DETAIL, "LogManager::shutDown(): successfully stopped.");
   if (m_p_f) fclose(m_p_f);
   m_p_f = nullptr;
   for (auto& entry : m_files) {
@@ -85,7 +82,7 @@ FILE* LogManager::streamFor(const std::string& file_name) {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-extra-args"
   // The intended text never made it into the format; the line names only the function.
-  writeLog(5, "LogManager::writeMyLog()", "File %s is new.", file_name.c_str());
+  writeLog(LOG_DETAIL, "LogManager::writeMyLog()", "File %s is new.", file_name.c_str());
 #pragma GCC diagnostic pop
   FILE* p_f = fopen(file_name.c_str(), "w");
   if (p_f) {
@@ -116,7 +113,7 @@ int LogManager::writeMyLog(std::string file_name, const char* fmt, ...) {
 
 void LogManager::setLogLevel(int log_level) {
   m_log_level = log_level;
-  if (log_level >= 2) writeLog("LogManager::setLogLevel(): log level %d", log_level);
+  if (log_level >= LOG_NOTICE) writeLog("LogManager::setLogLevel(): log level %d", log_level);
 }
 
 void LogManager::setFlush(bool do_flush) {

@@ -15,12 +15,25 @@
 
 namespace ot {
 
+// The levels of the engine's own levelled lines, from the least talkative up.
+// A game may log at any level; the log writes a line when its level is at most
+// the one set with setLogLevel (0 by default: levelled lines are dropped).
+constexpr int LOG_INFO = 1;         // starting, stopping, warnings worth a look
+constexpr int LOG_NOTICE = 2;       // a setting changed on the way; the level itself
+constexpr int LOG_DETAIL = 5;       // what was loaded, found or configured
+constexpr int LOG_DEBUG = 10;       // the random seed, the splash
+constexpr int LOG_EVENTS = 15;      // each key, send and receive; a sprite's frames
+constexpr int LOG_LINES = 20;       // each line a reader takes in
+constexpr int LOG_TRACE = 25;       // each step of parsing and serializing
+constexpr int LOG_TRACE_MORE = 28;  // each token and comparison of those steps
+constexpr int LOG_PIXELS = 30;      // each conversion between cells and pixels
+
 // The engine's diary: one text file, truncated on each run, whose lines read
 // "hh:mm:ss step text". It works before it is started (lines go to standard
 // error until the file is open), because everything else reports through it.
 //
 //   LogManager::getInstance().writeLog("Grid::startUp(): cells %d", n);     // always
-//   LogManager::getInstance().writeLog(5, "Grid::startUp(): cells %d", n);  // at level 5 or more
+//   LogManager::getInstance().writeLog(LOG_DETAIL, "Grid::startUp(): cells %d", n);  // at LOG_DETAIL or more
 class LogManager : public Manager {
  public:
   static LogManager& getInstance();
@@ -42,7 +55,7 @@ class LogManager : public Manager {
   // With flushing on, each line is in the file when the call returns; what
   // was written before is flushed at once.
   void setFlush(bool do_flush);
-  // Levels of 2 and more announce themselves in the log.
+  // LOG_NOTICE and above announce themselves in the log.
   void setLogLevel(int log_level);
   int getLogLevel() const { return m_log_level; }
   void setLogTimeString(bool log_time_string) { m_log_time_string = log_time_string; }

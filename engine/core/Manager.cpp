@@ -13,15 +13,27 @@ Manager::~Manager() { m_is_started = false; }
 
 int Manager::startUp() {
   if (m_is_started) {
-    LogManager::getInstance().writeLog(1, "Manager::startUp(): Warning! %s already started.", m_type.c_str());
+    LogManager::getInstance().writeLog(LOG_INFO, "Manager::startUp(): Warning! %s already started.", m_type.c_str());
   }
   m_is_started = true;
   return 0;
 }
 
+bool Manager::refuseSecondStart() const {
+  if (!m_is_started) return false;
+  LogManager::getInstance().writeLog("%s::startup(): Warning! %s already started.", m_type.c_str(), m_type.c_str());
+  return true;
+}
+
+bool Manager::refuseUntilStarted() const {
+  if (m_is_started) return false;
+  LogManager::getInstance().writeLog("%s not started!", m_type.c_str());
+  return true;
+}
+
 void Manager::shutDown() {
   if (!m_is_started) {
-    LogManager::getInstance().writeLog(1, "Manager::shutDown(): Warning! %s not started.", m_type.c_str());
+    LogManager::getInstance().writeLog(LOG_INFO, "Manager::shutDown(): Warning! %s not started.", m_type.c_str());
   }
   m_is_started = false;
 }
@@ -30,12 +42,12 @@ int Manager::onEvent(const Event* p_event) const {
   LogManager& log = LogManager::getInstance();
   std::string type = p_event->getType();
   if (type == UNDEFINED_EVENT) {
-    log.writeLog(1, "Manager(%s)::onEvent(): Warning! Event type %s is undefined.", m_type.c_str(),
+    log.writeLog(LOG_INFO, "Manager(%s)::onEvent(): Warning! Event type %s is undefined.", m_type.c_str(),
                  type.c_str());
     return 0;
   }
   if (!isValid(type)) {
-    log.writeLog(1, "Manager(%s)::onEvent(): Error! Event type %s not valid.", m_type.c_str(), type.c_str());
+    log.writeLog(LOG_INFO, "Manager(%s)::onEvent(): Error! Event type %s not valid.", m_type.c_str(), type.c_str());
     return 0;
   }
   int count = 0;
@@ -62,7 +74,7 @@ int Manager::registerInterest(Object* p_o, std::string event_type) {
     if (m_event[i] != event_type) continue;
     for (ObjectListIterator li(&m_obj_list[i]); !li.isDone(); li.next()) {
       if (li.currentObject() == p_o) {
-        log.writeLog(1, "Manager::registerInterest(): Warning! Not adding id %d (%s) twice for event %s.",
+        log.writeLog(LOG_INFO, "Manager::registerInterest(): Warning! Not adding id %d (%s) twice for event %s.",
                      p_o->getId(), p_o->getType().c_str(), event_type.c_str());
         return 0;
       }

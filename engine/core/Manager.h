@@ -39,6 +39,14 @@ class Manager {
   // -1 if the object wasn't registered for the label.
   int unregisterInterest(Object* p_o, std::string event_type);
 
+ protected:
+  // For a manager's own startUp: true, after the warning every manager writes,
+  // when it is running already and must refuse.
+  bool refuseSecondStart() const;
+  // For calls that need a running manager: true, after saying so in the log,
+  // when it isn't running.
+  bool refuseUntilStarted() const;
+
  private:
   std::string m_type = "Manager";
   int m_event_count = 0;                  // rows in use

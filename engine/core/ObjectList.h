@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 namespace ot {
 
 class Object;
@@ -7,7 +9,9 @@ class ObjectListIterator;
 
 // A growing array of object pointers that owns none of the objects. The world
 // hands out copies of its lists, and event delivery walks a copy, so copying
-// must be cheap: the items live in one malloc'd block that realloc doubles.
+// must be cheap: one allocation and one block copy. The capacity starts at one
+// and doubles, and a copy takes the capacity of what it copies, since equality
+// looks at it.
 //
 //   ObjectList hits = WorldManager::getInstance().objectsOfType("Enemy");
 //   for (ObjectListIterator it(&hits); !it.isDone(); it.next()) it.currentObject()->...;
@@ -16,7 +20,6 @@ class ObjectList {
   ObjectList();
   ObjectList(const ObjectList& other);
   ObjectList& operator=(const ObjectList& other);
-  ~ObjectList();
 
   // Appends; -1 for a null pointer or when memory runs out. Doesn't look for
   // duplicates.
@@ -26,9 +29,9 @@ class ObjectList {
   // Empties the list but keeps its memory.
   void clear();
 
-  int getCount() const { return m_count; }
-  bool isEmpty() const { return m_count == 0; }
-  bool isFull() const { return m_count == m_max_count; }
+  int getCount() const { return static_cast<int>(m_items.size()); }
+  bool isEmpty() const { return m_items.empty(); }
+  bool isFull() const { return m_items.size() == m_items.capacity(); }
 
   // Logs and throws std::out_of_range outside [0, count - 1].
   Object* operator[](int index) const;
@@ -36,19 +39,16 @@ class ObjectList {
   ObjectList operator+(const ObjectList& other) const;
   ObjectList& operator+=(const ObjectList& other);
 
-  // Compares the list records byte by byte, not the items: two distinct lists
-  // are equal only while those bytes agree. Kept for its callers' sake.
+  // Kept quirk: compares the first count bytes of the list's record (count,
+  // capacity, array address), not the items, so two distinct lists are equal
+  // only while those bytes agree. Games written against it rely on it.
   bool operator==(const ObjectList& other) const;
   bool operator!=(const ObjectList& other) const;
 
  private:
   friend class ObjectListIterator;
 
-  void copyFrom(const ObjectList& other);
-
-  int m_count = 0;
-  int m_max_count = 0;
-  Object** m_p_obj = nullptr;
+  std::vector<Object*> m_items;
 };
 
 }  // namespace ot

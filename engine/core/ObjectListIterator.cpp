@@ -1,5 +1,7 @@
 #include "engine/core/ObjectListIterator.h"
 
+#include <cstddef>
+
 #include "engine/core/ObjectList.h"
 
 namespace ot {
@@ -14,17 +16,17 @@ ObjectListIterator& ObjectListIterator::operator=(const ObjectListIterator& othe
 
 void ObjectListIterator::first() { m_index = 0; }
 
-void ObjectListIterator::last() { m_index = m_p_list->m_count - 1; }
+void ObjectListIterator::last() { m_index = m_p_list->getCount() - 1; }
 
 void ObjectListIterator::next() {
-  if (m_index < m_p_list->m_count) m_index++;
+  if (m_index < m_p_list->getCount()) m_index++;
 }
 
-bool ObjectListIterator::isDone() const { return m_index >= m_p_list->m_count; }
+bool ObjectListIterator::isDone() const { return m_index >= m_p_list->getCount(); }
 
 Object* ObjectListIterator::currentObject() const {
-  if (m_index < 0 || m_index >= m_p_list->m_count) return nullptr;
-  return m_p_list->m_p_obj[m_index];
+  if (m_index < 0 || m_index >= m_p_list->getCount()) return nullptr;
+  return m_p_list->m_items[static_cast<std::size_t>(m_index)];
 }
 
 }  // namespace ot

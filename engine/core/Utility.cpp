@@ -158,14 +158,14 @@ int readStringBytes(std::stringstream* p_ss, std::uint64_t length, std::string* 
 
 std::string match(std::string str, std::string find) {
   LogManager& log = LogManager::getInstance();
-  log.writeLog(25, "match(\"%s\", \"%s\")", str.c_str(), find.c_str());
+  log.writeLog(LOG_TRACE, "match(\"%s\", \"%s\")", str.c_str(), find.c_str());
 
   if (!str.empty()) {
     str.erase(std::remove_if(str.begin(), str.end(), [](unsigned char c) { return isspace(c); }), str.end());
     freeMatchArrays();
 
     int capacity = static_cast<int>(std::count(str.begin(), str.end(), ',')) + 1;
-    log.writeLog(25, "match(): number of elements allocated is %d", capacity);
+    log.writeLog(LOG_TRACE, "match(): number of elements allocated is %d", capacity);
     g_match_keys = new (std::nothrow) std::string[capacity];
     if (!g_match_keys) {
       log.writeLog("match(): unable to allocate key array!");
@@ -187,29 +187,29 @@ std::string match(std::string str, std::string find) {
     char* p_save = nullptr;
     char* p_element = strtok_r(p_copy, ",", &p_save);
     while (p_element && g_match_count < capacity) {
-      log.writeLog(25, "\titem number %d", g_match_count);
-      log.writeLog(28, "\tp_element is '%s' (%p)", p_element, static_cast<void*>(p_element));
+      log.writeLog(LOG_TRACE, "\titem number %d", g_match_count);
+      log.writeLog(LOG_TRACE_MORE, "\tp_element is '%s' (%p)", p_element, static_cast<void*>(p_element));
       char* p_token = strtok(p_element, ":");
       if (!p_token) break;
-      log.writeLog(28, "\ttoken is '%s' (%p)", p_token, static_cast<void*>(p_token));
+      log.writeLog(LOG_TRACE_MORE, "\ttoken is '%s' (%p)", p_token, static_cast<void*>(p_token));
       g_match_keys[g_match_count] = p_token;
-      log.writeLog(25, "\tkey %s", p_token);
+      log.writeLog(LOG_TRACE, "\tkey %s", p_token);
       p_token = strtok(nullptr, ":");
       g_match_values[g_match_count] = p_token ? p_token : "";
-      log.writeLog(25, "\tval %s", g_match_values[g_match_count].c_str());
+      log.writeLog(LOG_TRACE, "\tval %s", g_match_values[g_match_count].c_str());
       g_match_count++;
       p_element = strtok_r(nullptr, ",", &p_save);
     }
-    log.writeLog(25, "match(): parsed.");
+    log.writeLog(LOG_TRACE, "match(): parsed.");
     for (int i = 0; i < g_match_count; i++) {
-      log.writeLog(25, "\t%d  %s : %s", i, g_match_keys[i].c_str(), g_match_values[i].c_str());
+      log.writeLog(LOG_TRACE, "\t%d  %s : %s", i, g_match_keys[i].c_str(), g_match_values[i].c_str());
     }
     free(p_copy);
   }
 
-  log.writeLog(25, "match(): Looking for match '%s' among %d items.", find.c_str(), g_match_count);
+  log.writeLog(LOG_TRACE, "match(): Looking for match '%s' among %d items.", find.c_str(), g_match_count);
   for (int i = 0; i < g_match_count; i++) {
-    log.writeLog(28, "match(): %d: %s == %s?", i, find.c_str(), g_match_keys[i].c_str());
+    log.writeLog(LOG_TRACE_MORE, "match(): %d: %s == %s?", i, find.c_str(), g_match_keys[i].c_str());
     if (g_match_keys[i] == find) return g_match_values[i];
   }
   return "";

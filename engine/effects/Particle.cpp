@@ -76,12 +76,12 @@ int Particle::eventHandler(const Event* p_e) {
 
 int Particle::serialize(std::stringstream* p_ss, unsigned int attr) {
   LogManager::getInstance().writeLog(
-      1, "Particle::serialize(): Warning!  Particles attributes are not serialized.");
+      LOG_INFO, "Particle::serialize(): Warning!  Particles attributes are not serialized.");
   return Object::serialize(p_ss, attr);
 }
 
 int Particle::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
-  LogManager::getInstance().writeLog(1, "Particle::deserialize(): Warning!  Cannot deserialize particles.");
+  LogManager::getInstance().writeLog(LOG_INFO, "Particle::deserialize(): Warning!  Cannot deserialize particles.");
   return Object::deserialize(p_ss, p_a);
 }
 

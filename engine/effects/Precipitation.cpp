@@ -113,7 +113,7 @@ int Precipitation::eventHandler(const Event* p_e) {
       break;
     default:
       LogManager::getInstance().writeLog(
-          1, "Precipitation::eventHandler(): warning! Direction %d not supported.", m_direction);
+          LOG_INFO, "Precipitation::eventHandler(): warning! Direction %d not supported.", m_direction);
       return -1;
   }
   setPosition(scatterInCell(Vector(static_cast<float>(x), static_cast<float>(y))));

@@ -111,7 +111,7 @@ int Splash::eventHandler(const Event* p_e) {
 
 int splash() {
   LogManager& log = LogManager::getInstance();
-  log.writeLog(10, "splash(): Started.");
+  log.writeLog(LOG_DEBUG, "splash(): Started.");
   GameManager& game = GameManager::getInstance();
   if (!game.isStarted()) {
     log.writeLog("splash(): Error! Cannot run splash screen until game manger is started.");
@@ -122,7 +122,7 @@ int splash() {
     return -1;
   }
   game.run();
-  log.writeLog(10, "splash(): Finished.");
+  log.writeLog(LOG_DEBUG, "splash(): Finished.");
   return 0;
 }
 

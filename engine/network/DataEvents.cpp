@@ -29,7 +29,7 @@ int closeIfPeerGone(NetworkManager& network, int sock, int have) {
         "dropped).",
         sock, have);
   else
-    LogManager::getInstance().writeLog(1, "ot::genDataEvents(): Socket %d closed by its peer.", sock);
+    LogManager::getInstance().writeLog(LOG_INFO, "ot::genDataEvents(): Socket %d closed by its peer.", sock);
   network.close(sock);
   return 0;
 }
@@ -41,7 +41,7 @@ int genDataEvents(int sock) {
   NetworkManager& network = NetworkManager::getInstance();
   const bool connected = network.isConnected(sock);
   const int waiting = network.isData(sock);
-  log.writeLog(20, "ot::genDataEvents(): socket %d, connected %s, bytes %d", sock,
+  log.writeLog(LOG_LINES, "ot::genDataEvents(): socket %d, connected %s, bytes %d", sock,
                connected ? "true" : "false", waiting);
   if (!connected) return 0;
   if (waiting < HEADER_BYTES) return closeIfPeerGone(network, sock, waiting);
@@ -61,10 +61,10 @@ int genDataEvents(int sock) {
   }
   // Bytes only ever add up, so a first count that covers the message stands.
   const int have = waiting >= size ? waiting : network.isData(sock);
-  log.writeLog(20, "ot::genDataEvents(): have %d of %d bytes.", have, size);
+  log.writeLog(LOG_LINES, "ot::genDataEvents(): have %d of %d bytes.", have, size);
   if (have < size) return closeIfPeerGone(network, sock, have);
 
-  log.writeLog(20, "ot::genDataEvents(): have full message (%d bytes).", size);
+  log.writeLog(LOG_LINES, "ot::genDataEvents(): have full message (%d bytes).", size);
   std::unique_ptr<void, FreeBuffer> p_buffer(std::calloc(1, static_cast<std::size_t>(size)));
   if (!p_buffer) {
     log.writeLog("ot::genDataEvents(): Error! Cannot allocate %d bytes for message buffer.", size);
@@ -79,7 +79,7 @@ int genDataEvents(int sock) {
   event.setSocketIndex(sock);
   event.setMessage(p_buffer.get());
   int reached = network.onEvent(&event);
-  log.writeLog(20, "ot::genDataEvents(): sent to %d objects.", reached);
+  log.writeLog(LOG_LINES, "ot::genDataEvents(): sent to %d objects.", reached);
   return 1;
 }
 

@@ -49,16 +49,13 @@ bool NetworkManager::isValid(std::string event_type) const {
 
 int NetworkManager::startUp() {
   LogManager& log = LogManager::getInstance();
-  if (isStarted()) {
-    log.writeLog("%s::startup(): Warning! %s already started.", getType().c_str(), getType().c_str());
-    return -1;
-  }
+  if (refuseSecondStart()) return -1;
   if (platform::socketStartUp() != 0) {
     log.writeLog("NetworkManager::startUp(): Error! WSAStartup() code : %d", platform::lastSocketError());
     return 1;
   }
   Manager::startUp();
-  log.writeLog(5, "NetworkManager::startUp(): successfully started.");
+  log.writeLog(LOG_DETAIL, "NetworkManager::startUp(): successfully started.");
   return 0;
 }
 
@@ -69,14 +66,14 @@ void NetworkManager::shutDown() {
   m_server_sock = -1;
   if (platform::socketCleanUp() != 0) logSocketError(platform::lastSocketError());
   Manager::shutDown();
-  LogManager::getInstance().writeLog(5, "NetworkManager::shutDown(): successfully stopped.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "NetworkManager::shutDown(): successfully stopped.");
 }
 
 int NetworkManager::setServer(bool server, std::string port) {
   LogManager& log = LogManager::getInstance();
   if (!networkingOn()) {
     log.writeLog(
-        1, "NetworkManager::setServer(): Error! Networking is not enabled in the Ostrel configuration file.");
+        LOG_INFO, "NetworkManager::setServer(): Error! Networking is not enabled in the Ostrel configuration file.");
     return -1;
   }
   if (server && isServer()) return 0;
@@ -107,7 +104,7 @@ int NetworkManager::setServer(bool server, std::string port) {
   if (platform::listenSocket(m_server_sock, 5) != 0)
     return giveUp("NetworkManager::setServer(): Error! listen() returned:");
   platform::setNonBlocking(m_server_sock);
-  log.writeLog(1, "NetworkManager::setServer(): Ready for connections on port %s.", port.c_str());
+  log.writeLog(LOG_INFO, "NetworkManager::setServer(): Ready for connections on port %s.", port.c_str());
   return 0;
 }
 
@@ -120,15 +117,15 @@ int NetworkManager::accept() {
     return -2;
   }
   if (getNumConnections() >= m_max_connections) {
-    log.writeLog(20, "NetworkManager::accept(): Won't check for new connetions since at max.");
-    log.writeLog(20, "\tUse NM.setMaxConnections() to change max.");
+    log.writeLog(LOG_LINES, "NetworkManager::accept(): Won't check for new connetions since at max.");
+    log.writeLog(LOG_LINES, "\tUse NM.setMaxConnections() to change max.");
     return -1;
   }
   int system_sock = platform::acceptSocket(m_server_sock);
   if (system_sock < 0) {
     int code = platform::lastSocketError();
     if (platform::isWouldBlock(code)) {
-      log.writeLog(15, "NetworkManager::accept(): No new connection. Not blocking.");
+      log.writeLog(LOG_EVENTS, "NetworkManager::accept(): No new connection. Not blocking.");
       return -1;
     }
     log.writeLog("NetworkManager::accept(): Error! accept() returned:");
@@ -136,7 +133,7 @@ int NetworkManager::accept() {
     return -2;
   }
   int i = addSocket(system_sock);
-  log.writeLog(1, "NetworkManager::accept(): New connection, socket %d.", i);
+  log.writeLog(LOG_INFO, "NetworkManager::accept(): New connection, socket %d.", i);
   EventNetwork event(ACCEPT);
   event.setSocketIndex(i);
   event.setBytes(0);
@@ -148,10 +145,10 @@ int NetworkManager::connect(std::string host, std::string port) {
   LogManager& log = LogManager::getInstance();
   if (!networkingOn()) {
     log.writeLog(
-        1, "NetworkManager::connect(): Error! Networking is not enabled in the Ostrel configuration file.");
+        LOG_INFO, "NetworkManager::connect(): Error! Networking is not enabled in the Ostrel configuration file.");
     return -1;
   }
-  log.writeLog(1, "NetworkManager::connect(): Connecting to %s, port %s.", host.c_str(), port.c_str());
+  log.writeLog(LOG_INFO, "NetworkManager::connect(): Connecting to %s, port %s.", host.c_str(), port.c_str());
   platform::SocketAddress address;
   if (platform::resolveAddress(host, port, &address) != 0) {
     int code = platform::lastSocketError();
@@ -178,8 +175,8 @@ int NetworkManager::connect(std::string host, std::string port) {
   event.setSocketIndex(i);
   event.setBytes(0);
   onEvent(&event);
-  log.writeLog(1, "NetworkManager::connect(): Connection established.");
-  log.writeLog(20, "NetworkManager::connect(): Socket is %d", system_sock);
+  log.writeLog(LOG_INFO, "NetworkManager::connect(): Connection established.");
+  log.writeLog(LOG_LINES, "NetworkManager::connect(): Socket is %d", system_sock);
   return i;
 }
 
@@ -187,7 +184,7 @@ int NetworkManager::send(const void* buffer, int bytes, int sock) {
   LogManager& log = LogManager::getInstance();
   // -1 stands for all; any other value must be a socket's index.
   if (sock == -1 ? m_sock.empty() : !isIndex(sock)) {
-    log.writeLog(5, "NetworkManager::isData(): Warning! Sock %d not connected.", sock);
+    log.writeLog(LOG_DETAIL, "NetworkManager::isData(): Warning! Sock %d not connected.", sock);
     return -1;
   }
   if (bytes < 0 || (!buffer && bytes > 0)) {
@@ -232,7 +229,7 @@ int NetworkManager::sendNow(const void* buffer, int bytes, int sock) {
     log.writeLog("NetworkManager::send(): Error! No buffer of %d bytes to send.", bytes);
     return -1;
   }
-  log.writeLog(15, "NetworkManager::send(): Socket %d (m_sock[] is %d). Calling ::send()...", sock,
+  log.writeLog(LOG_EVENTS, "NetworkManager::send(): Socket %d (m_sock[] is %d). Calling ::send()...", sock,
                m_sock[sock]);
   int sent = platform::sendBytes(m_sock[sock], buffer, static_cast<std::size_t>(bytes));
   if (sent == -1) {
@@ -240,7 +237,7 @@ int NetworkManager::sendNow(const void* buffer, int bytes, int sock) {
     log.writeLog("NetworkManager::send(): Error! Return is -1.");
     logSocketError(code);
     if (platform::isClosedSocket(code)) {
-      log.writeLog(1, "\tsocket is closed");
+      log.writeLog(LOG_INFO, "\tsocket is closed");
       close(sock);
     }
     return -1;
@@ -285,7 +282,7 @@ int NetworkManager::receive(void* buffer, int bytes, bool peek, int sock) {
   }
   // Asking for nothing gets nothing; the system's 0 would read as a close.
   if (bytes == 0) return 0;
-  log.writeLog(15, "NetworkManager::receive(): Socket %d (m_sock[] is %d). Calling recv(), bytes %d ...",
+  log.writeLog(LOG_EVENTS, "NetworkManager::receive(): Socket %d (m_sock[] is %d). Calling recv(), bytes %d ...",
                sock, m_sock[sock], bytes);
   if (m_received[sock].size() < static_cast<size_t>(bytes)) {
     int arrived = platform::bytesWaiting(m_sock[sock]);
@@ -301,7 +298,7 @@ int NetworkManager::receive(void* buffer, int bytes, bool peek, int sock) {
   // Nothing has arrived: the system's recv waits for it.
   int got = platform::receiveBytes(m_sock[sock], buffer, static_cast<std::size_t>(bytes), peek);
   if (got == 0) {
-    log.writeLog(1, "NetworkManager::receive(): socket is closed");
+    log.writeLog(LOG_INFO, "NetworkManager::receive(): socket is closed");
     close(sock);
     return 0;
   }
@@ -319,7 +316,7 @@ int NetworkManager::receive(void* buffer, int bytes, bool peek, int sock) {
 int NetworkManager::isData(int sock) {
   LogManager& log = LogManager::getInstance();
   if (!isIndex(sock) || m_sock[sock] == -1) {
-    log.writeLog(5, "NetworkManager::isData(): Warning! Sock %d not connected.", sock);
+    log.writeLog(LOG_DETAIL, "NetworkManager::isData(): Warning! Sock %d not connected.", sock);
     return -1;
   }
   int count = platform::bytesWaiting(m_sock[sock]);
@@ -373,14 +370,14 @@ int NetworkManager::close(int sock) {
 int NetworkManager::setDelay(int delay, int sock) {
   LogManager& log = LogManager::getInstance();
   if (sock != -1 && !isIndex(sock)) {
-    log.writeLog(5, "NetworkManager::setDelay(): Warning! Socket %d not connected.", sock);
+    log.writeLog(LOG_DETAIL, "NetworkManager::setDelay(): Warning! Socket %d not connected.", sock);
     return -1;
   }
   if (sock == -1)
     std::fill(m_delay.begin(), m_delay.end(), delay);
   else
     m_delay[sock] = delay;
-  log.writeLog(15, "NetworkManager::setDelay(): Added delay %d, socket %d", delay, sock);
+  log.writeLog(LOG_EVENTS, "NetworkManager::setDelay(): Added delay %d, socket %d", delay, sock);
   return 0;
 }
 
@@ -441,9 +438,9 @@ void NetworkManager::removeClosed() {
 
 void cleanUp(int status) {
   LogManager& log = LogManager::getInstance();
-  log.writeLog(1, "NetworkManager cleanUp(): Signal is %d. Shutting down.", status);
+  log.writeLog(LOG_INFO, "NetworkManager cleanUp(): Signal is %d. Shutting down.", status);
   NetworkManager::getInstance().shutDown();
-  log.writeLog(1, "NetworkManager cleanUp(): Calling game manager shutdown.");
+  log.writeLog(LOG_INFO, "NetworkManager cleanUp(): Calling game manager shutdown.");
   GameManager::getInstance().shutDown();
   exit(status);
 }

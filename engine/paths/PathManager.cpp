@@ -19,20 +19,16 @@ PathManager& PathManager::getInstance() {
 }
 
 int PathManager::startUp() {
-  if (isStarted()) {
-    LogManager::getInstance().writeLog("%s::startup(): Warning! %s already started.", getType().c_str(),
-                                       getType().c_str());
-    return -1;
-  }
+  if (refuseSecondStart()) return -1;
   m_cycle_time = GameManager::getInstance().getFrameTime() / 10;
   Manager::startUp();
-  LogManager::getInstance().writeLog(5, "PathManager::startUp(): successfully started.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "PathManager::startUp(): successfully started.");
   return 0;
 }
 
 void PathManager::shutDown() {
   Manager::shutDown();
-  LogManager::getInstance().writeLog(5, "PathManager::shutDown(): successfully stopped.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "PathManager::shutDown(): successfully stopped.");
 }
 
 int PathManager::addFind(PathFind* p_find) {
@@ -73,7 +69,7 @@ void PathManager::cycle(int time) {
     } while (elapsed() <= limit);
   }
   if (elapsed() > limit)
-    LogManager::getInstance().writeLog(5, "PathManager::cycle(): cycle time %d exceeded.", limit);
+    LogManager::getInstance().writeLog(LOG_DETAIL, "PathManager::cycle(): cycle time %d exceeded.", limit);
 }
 
 }  // namespace ot

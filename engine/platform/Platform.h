@@ -24,8 +24,9 @@ void sleepMilliseconds(long milliseconds);
 // Returned by timeBeginPeriod and timeEndPeriod when a resolution can't be set.
 constexpr unsigned int TIMERR_NOCANDO = 97;
 
-// Asks for a timer resolution of this many milliseconds. Always 0 here: POSIX
-// sleeps already have sub-millisecond resolution.
+// Asks for a timer resolution of this many milliseconds: 0 for any period of
+// one or more, since POSIX sleeps already resolve finer than that, and
+// TIMERR_NOCANDO for a period of 0, which no timer offers.
 unsigned int timeBeginPeriod(unsigned int period);
 unsigned int timeEndPeriod(unsigned int period);
 

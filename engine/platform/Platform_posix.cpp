@@ -34,9 +34,9 @@ void sleepMilliseconds(long milliseconds) {
   nanosleep(&wait, nullptr);
 }
 
-unsigned int timeBeginPeriod(unsigned int) { return 0; }
+unsigned int timeBeginPeriod(unsigned int period) { return period >= 1 ? 0 : TIMERR_NOCANDO; }
 
-unsigned int timeEndPeriod(unsigned int) { return 0; }
+unsigned int timeEndPeriod(unsigned int period) { return period >= 1 ? 0 : TIMERR_NOCANDO; }
 
 bool getWorkingDirectory(char* buffer, std::size_t size) { return getcwd(buffer, size) != nullptr; }
 

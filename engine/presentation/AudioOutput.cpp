@@ -24,7 +24,7 @@ void logLines(const std::string& text) {
   std::string line;
   while (std::getline(lines, line)) {
     if (line.find_first_not_of(" \t") != std::string::npos)
-      LogManager::getInstance().writeLog(1, "\t%s", line.c_str());
+      LogManager::getInstance().writeLog(LOG_INFO, "\t%s", line.c_str());
   }
 }
 
@@ -66,7 +66,7 @@ void AudioOutput::open() {
       m_silent = true;
       log.writeLog("AudioOutput::open(): No sound device: sounds and music are silent.");
     } else {
-      log.writeLog(1, "AudioOutput::open(): Playing on '%s'.", name.c_str());
+      log.writeLog(LOG_INFO, "AudioOutput::open(): Playing on '%s'.", name.c_str());
     }
     logLines(library_text + sfml_text.str());
     return;

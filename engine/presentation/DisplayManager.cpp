@@ -1,8 +1,11 @@
 #include "engine/presentation/DisplayManager.h"
 
+#include <SFML/Graphics.hpp>
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <new>
+#include <vector>
 
 #include "engine/core/Config.h"
 #include "engine/core/LogManager.h"
@@ -21,27 +24,43 @@ int shakeOffset(int severity) {
   return (severity + 1) - (rand() % (severity + 1)) * 2;
 }
 
+// A character's quad as a text of that one character lays it out: edges from
+// the text's position, and their place in the font's page. Blanks have no quad.
+struct CellGlyph {
+  bool looked_up = false;
+  bool has_quad = false;
+  float left = 0, top = 0, right = 0, bottom = 0;
+  float u1 = 0, v1 = 0, u2 = 0, v2 = 0;
+};
+
 }  // namespace
 
-DisplayManager::DisplayManager() { setType("DisplayManager"); }
+struct DisplayManager::Canvas {
+  sf::Font font;
+  std::unique_ptr<sf::RenderWindow> p_window;  // null when headless or stopped
+  sf::RectangleShape rectangle;                // the cell background
+  sf::Text text;                               // the cell's character
+  sf::Color background = sf::Color(0, 0, 0, 255);
+  std::array<CellGlyph, 256> glyphs;  // by the char's byte, for the text's size
+  std::vector<sf::Vertex> cells;      // recorded since the last flush
+
+  const CellGlyph& cellGlyph(char ch);
+  // Records the rectangle and the text as they stand, in pixels of the window.
+  void recordCell(char ch, sf::Color color);
+};
+
+DisplayManager::DisplayManager() : m_p_canvas(std::make_unique<Canvas>()) { setType("DisplayManager"); }
 
 DisplayManager& DisplayManager::getInstance() {
   static DisplayManager display_manager;
   return display_manager;
 }
 
-DisplayManager::~DisplayManager() {
-  delete m_p_window;
-  delete m_p_text;
-  delete m_p_rectangle;
-}
+DisplayManager::~DisplayManager() = default;
 
 int DisplayManager::startUp() {
   LogManager& log = LogManager::getInstance();
-  if (isStarted()) {
-    log.writeLog("%s::startup(): Warning! %s already started.", getType().c_str(), getType().c_str());
-    return -1;
-  }
+  if (refuseSecondStart()) return -1;
   Config& config = Config::getInstance();
   // First, so that the cell geometry answers in headless runs too.
   m_window_horizontal_pixels = config.getWindowHorizontalPixels();
@@ -53,9 +72,9 @@ int DisplayManager::startUp() {
   m_shake_offset_x = m_shake_offset_y = 0;
 
   if (config.getHeadless()) {
-    log.writeLog(1, "DisplayManager::startUp(): no graphics in headless mode.");
+    log.writeLog(LOG_INFO, "DisplayManager::startUp(): no graphics in headless mode.");
     Manager::startUp();
-    log.writeLog(5, "DisplayManager::startUp(): successfully started.");
+    log.writeLog(LOG_DETAIL, "DisplayManager::startUp(): successfully started.");
     return 0;
   }
 
@@ -65,7 +84,7 @@ int DisplayManager::startUp() {
     return -1;
   }
   sf::VideoMode desktop = sf::VideoMode::getDesktopMode();
-  log.writeLog(5, "DisplayManager::startUp(): window resolution (%d, %d) pixels.",
+  log.writeLog(LOG_DETAIL, "DisplayManager::startUp(): window resolution (%d, %d) pixels.",
                static_cast<int>(desktop.width), static_cast<int>(desktop.height));
   if (m_window_horizontal_pixels == 0) m_window_horizontal_pixels = static_cast<int>(desktop.width);
   if (m_window_vertical_pixels == 0) m_window_vertical_pixels = static_cast<int>(desktop.height);
@@ -73,55 +92,45 @@ int DisplayManager::startUp() {
   // SFML 2.5 has no window state of its own: fullscreen is a style bit there.
   sf::Uint32 style = static_cast<sf::Uint32>(config.getWindowStyle());
   if (config.getWindowState() == 1) style |= sf::Style::Fullscreen;
-  m_p_window = new (std::nothrow)
-      sf::RenderWindow(sf::VideoMode(static_cast<unsigned int>(m_window_horizontal_pixels),
-                                     static_cast<unsigned int>(m_window_vertical_pixels), 32),
-                       config.getWindowTitle(), style, sf::ContextSettings());
-  if (!m_p_window) {
+  Canvas& canvas = *m_p_canvas;
+  canvas.p_window.reset(new (std::nothrow) sf::RenderWindow(
+      sf::VideoMode(static_cast<unsigned int>(m_window_horizontal_pixels),
+                    static_cast<unsigned int>(m_window_vertical_pixels), 32),
+      config.getWindowTitle(), style, sf::ContextSettings()));
+  if (!canvas.p_window) {
     log.writeLog("DisplayManager::startUp(): Unable to allocate window!");
     return -1;
   }
-  m_p_window->setMouseCursorVisible(config.getShowMouse());
-  m_p_window->setVerticalSyncEnabled(true);
+  canvas.p_window->setMouseCursorVisible(config.getShowMouse());
+  canvas.p_window->setVerticalSyncEnabled(true);
 
-  // Each failure below closes the window again: a failed start leaves nothing open.
-  if (!m_font.loadFromFile(config.getFontFile())) {
+  // A failed start closes the window again and leaves nothing open.
+  if (!canvas.font.loadFromFile(config.getFontFile())) {
     log.writeLog("DisplayManager::startUp(): Error! Unable to open font from file '%s'.",
                  config.getFontFile().c_str());
     release();
     return -1;
   }
-  m_p_rectangle = new (std::nothrow) sf::RectangleShape(sf::Vector2f(charWidth(), charHeight()));
-  if (!m_p_rectangle) {
-    log.writeLog("DisplayManager::startUp(): Error! Unable to allocate rectangle.");
-    release();
-    return -1;
-  }
-  m_p_text = new (std::nothrow) sf::Text("", m_font, 30);
-  if (!m_p_text) {
-    log.writeLog("DisplayManager::startUp(): Error! Unable to allocate text.");
-    release();
-    return -1;
-  }
-  m_p_text->setFont(m_font);
-  m_p_text->setStyle(sf::Text::Bold);
-  m_p_text->setCharacterSize(cellFontSize());
+  makeRectangle();
+  canvas.text = sf::Text("", canvas.font, 30);
+  canvas.text.setStyle(sf::Text::Bold);
+  canvas.text.setCharacterSize(cellFontSize());
   // A text loads these two first, for its lines and spaces. Loaded so here,
   // the page holds each glyph where the text would have put it, and a glyph
   // sampled between texels shades as it did.
-  m_font.getGlyph(L'x', m_p_text->getCharacterSize(), true);
-  m_font.getGlyph(L' ', m_p_text->getCharacterSize(), true);
+  canvas.font.getGlyph(L'x', canvas.text.getCharacterSize(), true);
+  canvas.font.getGlyph(L' ', canvas.text.getCharacterSize(), true);
   setBackgroundColor(config.getWindowBackgroundColor());
 
   Manager::startUp();
-  log.writeLog(5, "DisplayManager::startUp(): successfully started.");
+  log.writeLog(LOG_DETAIL, "DisplayManager::startUp(): successfully started.");
   return 0;
 }
 
 void DisplayManager::shutDown() {
   release();
   Manager::shutDown();
-  LogManager::getInstance().writeLog(5, "DisplayManager::shutDown(): successfully stopped.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "DisplayManager::shutDown(): successfully stopped.");
 }
 
 int DisplayManager::drawCh(Vector world_pos, char ch, Color color, float rotation) const {
@@ -134,41 +143,36 @@ int DisplayManager::drawCh(Vector world_pos, char ch, Color color, float rotatio
 
 int DisplayManager::drawCh(Vector world_pos, char ch, unsigned char r, unsigned char g, unsigned char b,
                            float rotation) const {
-  if (!isStarted()) {
-    LogManager::getInstance().writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
-  if (Config::getInstance().getHeadless() || !m_p_window) return -1;
+  if (refuseUntilStarted()) return -1;
+  Canvas& canvas = *m_p_canvas;
+  if (Config::getInstance().getHeadless() || !canvas.p_window) return -1;
   Vector pixel_pos = spacesToPixels(worldToView(world_pos));
 
   // The rectangle bears the background colour, so a character wipes its own
   // cell: that is how higher altitudes hide what is behind them. It never shakes.
-  m_p_rectangle->setPosition(pixel_pos.getX() - charWidth() / 10, pixel_pos.getY() + charHeight() / 5);
-  m_p_rectangle->setRotation(rotation);
-  m_p_text->setPosition(pixel_pos.getX() + static_cast<float>(m_shake_offset_x),
-                        pixel_pos.getY() + static_cast<float>(m_shake_offset_y));
-  m_p_text->setRotation(rotation);
+  canvas.rectangle.setPosition(pixel_pos.getX() - charWidth() / 10, pixel_pos.getY() + charHeight() / 5);
+  canvas.rectangle.setRotation(rotation);
+  canvas.text.setPosition(pixel_pos.getX() + static_cast<float>(m_shake_offset_x),
+                          pixel_pos.getY() + static_cast<float>(m_shake_offset_y));
+  canvas.text.setRotation(rotation);
   sf::Color color(r, g, b, 255);
   // Corners turned here rather than by the graphics card land a hair apart
   // and shade some pixels one step differently: a turned cell is drawn on its
   // own, after what is recorded. (The setter has brought 360 to 0.)
-  if (m_p_rectangle->getRotation() == 0.0f) {
-    recordCell(ch, color);
+  if (canvas.rectangle.getRotation() == 0.0f) {
+    canvas.recordCell(ch, color);
     return 0;
   }
   flushCells();
-  m_p_window->draw(*m_p_rectangle, sf::RenderStates::Default);
-  m_p_text->setString(sf::String(std::string(1, ch)));
-  m_p_text->setFillColor(color);
-  m_p_window->draw(*m_p_text, sf::RenderStates::Default);
+  canvas.p_window->draw(canvas.rectangle, sf::RenderStates::Default);
+  canvas.text.setString(sf::String(std::string(1, ch)));
+  canvas.text.setFillColor(color);
+  canvas.p_window->draw(canvas.text, sf::RenderStates::Default);
   return 0;
 }
 
 int DisplayManager::drawString(Vector world_pos, std::string str, Justification just, Color color) const {
-  if (!isStarted()) {
-    LogManager::getInstance().writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
+  if (refuseUntilStarted()) return -1;
   if (Config::getInstance().getHeadless()) return -1;
   Vector starting_pos = world_pos;
   int length = static_cast<int>(str.size());
@@ -181,14 +185,12 @@ int DisplayManager::drawString(Vector world_pos, std::string str, Justification 
 }
 
 int DisplayManager::swapBuffers() {
-  if (!isStarted()) {
-    LogManager::getInstance().writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
-  if (Config::getInstance().getHeadless() || !m_p_window) return -1;
+  if (refuseUntilStarted()) return -1;
+  sf::RenderWindow* p_window = m_p_canvas->p_window.get();
+  if (Config::getInstance().getHeadless() || !p_window) return -1;
   flushCells();
-  m_p_window->display();
-  m_p_window->clear(m_window_background_color);
+  p_window->display();
+  p_window->clear(m_p_canvas->background);
   if (m_shake_duration < 1) {
     m_shake_offset_x = 0;
     m_shake_offset_y = 0;
@@ -201,12 +203,13 @@ int DisplayManager::swapBuffers() {
 }
 
 int DisplayManager::saveScreenshot(std::string filename) const {
-  if (!m_p_window) return -1;
+  const sf::RenderWindow* p_window = m_p_canvas->p_window.get();
+  if (!p_window) return -1;
   flushCells();
   // The back buffer, not the shown frame: this is what the next swap shows.
   sf::Texture texture;
-  if (!texture.create(m_p_window->getSize().x, m_p_window->getSize().y)) return -1;
-  texture.update(*m_p_window);
+  if (!texture.create(p_window->getSize().x, p_window->getSize().y)) return -1;
+  texture.update(*p_window);
   if (!texture.copyToImage().saveToFile(filename)) {
     LogManager::getInstance().writeLog("DisplayManager::saveScreenshot(): Error! Unable to write '%s'.",
                                        filename.c_str());
@@ -217,35 +220,28 @@ int DisplayManager::saveScreenshot(std::string filename) const {
 
 bool DisplayManager::setBackgroundColor(Color color) {
   if (Config::getInstance().getHeadless()) return false;
-  m_window_background_color = colorToSFML(color);
-  if (m_p_rectangle) m_p_rectangle->setFillColor(m_window_background_color);
+  m_p_canvas->background = colorToSFML(color);
+  m_p_canvas->rectangle.setFillColor(m_p_canvas->background);
   return true;
 }
 
 sf::RenderWindow* DisplayManager::getWindow() const {
   flushCells();
-  return m_p_window;
+  return m_p_canvas->p_window.get();
 }
 
 void DisplayManager::release() {
+  Canvas& canvas = *m_p_canvas;
   // A new font lays its page out anew.
-  m_cells.clear();
-  m_glyphs = {};
-  if (m_p_window) {
-    m_p_window->close();
-    delete m_p_window;
-    m_p_window = nullptr;
-  }
-  delete m_p_text;
-  m_p_text = nullptr;
-  delete m_p_rectangle;
-  m_p_rectangle = nullptr;
+  canvas.cells.clear();
+  canvas.glyphs = {};
+  if (canvas.p_window) canvas.p_window->close();
+  canvas.p_window.reset();
 }
 
 void DisplayManager::makeRectangle() {
-  delete m_p_rectangle;
-  m_p_rectangle = new (std::nothrow) sf::RectangleShape(sf::Vector2f(charWidth(), charHeight()));
-  if (m_p_rectangle) m_p_rectangle->setFillColor(m_window_background_color);
+  m_p_canvas->rectangle = sf::RectangleShape(sf::Vector2f(charWidth(), charHeight()));
+  m_p_canvas->rectangle.setFillColor(m_p_canvas->background);
 }
 
 void DisplayManager::setHorizontalChars(int chars) {
@@ -275,8 +271,8 @@ void DisplayManager::shake(int severity_x, int severity_y, int duration, bool ad
   }
 }
 
-const DisplayManager::CellGlyph& DisplayManager::cellGlyph(char ch) const {
-  CellGlyph& cell = m_glyphs[static_cast<unsigned char>(ch)];
+const CellGlyph& DisplayManager::Canvas::cellGlyph(char ch) {
+  CellGlyph& cell = glyphs[static_cast<unsigned char>(ch)];
   if (cell.looked_up) return cell;
   cell.looked_up = true;
   // The text's own conversion, under the default locale, and its blanks.
@@ -284,11 +280,11 @@ const DisplayManager::CellGlyph& DisplayManager::cellGlyph(char ch) const {
   if (string.isEmpty()) return cell;
   sf::Uint32 code = string[0];
   if (code == L' ' || code == L'\n' || code == L'\t' || code == L'\r') return cell;
-  const sf::Glyph& glyph = m_font.getGlyph(code, m_p_text->getCharacterSize(), true);
+  const sf::Glyph& glyph = font.getGlyph(code, text.getCharacterSize(), true);
   // The text widens each quad by a pixel all round, on the screen and in the
   // page, and stands it on a baseline one character size down; the sums are
   // made in its order, so that the corners come out the same to the bit.
-  const float pad = 1.0f, baseline = static_cast<float>(m_p_text->getCharacterSize());
+  const float pad = 1.0f, baseline = static_cast<float>(text.getCharacterSize());
   const sf::FloatRect& b = glyph.bounds;
   const sf::IntRect& t = glyph.textureRect;
   cell.has_quad = true;
@@ -303,7 +299,7 @@ const DisplayManager::CellGlyph& DisplayManager::cellGlyph(char ch) const {
   return cell;
 }
 
-void DisplayManager::recordCell(char ch, sf::Color color) const {
+void DisplayManager::Canvas::recordCell(char ch, sf::Color color) {
   // Two triangles a quad, in the text's own order, moved by offset (unturned,
   // the objects' transforms are only that).
   auto quad = [this](sf::Vector2f offset, float left, float top, float right, float bottom, sf::Color tint,
@@ -312,24 +308,25 @@ void DisplayManager::recordCell(char ch, sf::Color color) const {
     sf::Vertex top_right(offset + sf::Vector2f(right, top), tint, {uv2.x, uv1.y});
     sf::Vertex bottom_left(offset + sf::Vector2f(left, bottom), tint, {uv1.x, uv2.y});
     sf::Vertex bottom_right(offset + sf::Vector2f(right, bottom), tint, uv2);
-    m_cells.insert(m_cells.end(), {top_left, top_right, bottom_left, bottom_left, top_right, bottom_right});
+    cells.insert(cells.end(), {top_left, top_right, bottom_left, bottom_left, top_right, bottom_right});
   };
   // The rectangle samples the middle of the white square the font keeps at
   // the top left of its page, which leaves its colour as it is.
-  sf::Vector2f size = m_p_rectangle->getSize();
-  quad(m_p_rectangle->getPosition(), 0, 0, size.x, size.y, m_p_rectangle->getFillColor(), {1, 1}, {1, 1});
+  sf::Vector2f size = rectangle.getSize();
+  quad(rectangle.getPosition(), 0, 0, size.x, size.y, rectangle.getFillColor(), {1, 1}, {1, 1});
   const CellGlyph& glyph = cellGlyph(ch);
   if (glyph.has_quad) {
-    quad(m_p_text->getPosition(), glyph.left, glyph.top, glyph.right, glyph.bottom, color,
+    quad(text.getPosition(), glyph.left, glyph.top, glyph.right, glyph.bottom, color,
          {glyph.u1, glyph.v1}, {glyph.u2, glyph.v2});
   }
 }
 
 void DisplayManager::flushCells() const {
-  if (m_cells.empty() || !m_p_window) return;
-  sf::RenderStates states(&m_font.getTexture(m_p_text->getCharacterSize()));
-  m_p_window->draw(m_cells.data(), m_cells.size(), sf::Triangles, states);
-  m_cells.clear();
+  Canvas& canvas = *m_p_canvas;
+  if (canvas.cells.empty() || !canvas.p_window) return;
+  sf::RenderStates states(&canvas.font.getTexture(canvas.text.getCharacterSize()));
+  canvas.p_window->draw(canvas.cells.data(), canvas.cells.size(), sf::Triangles, states);
+  canvas.cells.clear();
 }
 
 unsigned int DisplayManager::cellFontSize() const {
@@ -353,14 +350,14 @@ float charWidth() {
 
 Vector spacesToPixels(Vector spaces) {
   Vector pixels(spaces.getX() * charWidth(), spaces.getY() * charHeight());
-  LogManager::getInstance().writeLog(30, "spacesToPixels(int): spaces (%.2f,%.2f) = pixels (%.2f,%.2f)",
+  LogManager::getInstance().writeLog(LOG_PIXELS, "spacesToPixels(int): spaces (%.2f,%.2f) = pixels (%.2f,%.2f)",
                                      spaces.getX(), spaces.getY(), pixels.getX(), pixels.getY());
   return pixels;
 }
 
 Vector pixelsToSpaces(Vector pixels) {
   Vector spaces(pixels.getX() / charWidth(), pixels.getY() / charHeight());
-  LogManager::getInstance().writeLog(30, "pixelsToSpaces(): pixels (%.2f,%.2f) = spaces (%.2f,%.2f)",
+  LogManager::getInstance().writeLog(LOG_PIXELS, "pixelsToSpaces(): pixels (%.2f,%.2f) = spaces (%.2f,%.2f)",
                                      pixels.getX(), pixels.getY(), spaces.getX(), spaces.getY());
   return spaces;
 }
@@ -377,10 +374,10 @@ sf::Color colorToSFML(Color color) {
     case CYAN:
     case WHITE: colorToRGB(color, r, g, b); return sf::Color(r, g, b, 255);
     case CUSTOM:
-      LogManager::getInstance().writeLog(5, "colorToSFML(): Color is CUSTOM.");
+      LogManager::getInstance().writeLog(LOG_DETAIL, "colorToSFML(): Color is CUSTOM.");
       return sf::Color::White;
     default:
-      LogManager::getInstance().writeLog(5, "colorToSFML(): Color %d not supported.", color);
+      LogManager::getInstance().writeLog(LOG_DETAIL, "colorToSFML(): Color %d not supported.", color);
       return sf::Color::White;
   }
 }
@@ -428,7 +425,7 @@ void colorToRGB(Color color, unsigned char& r, unsigned char& g, unsigned char& 
       b = 255;
       return;
     case CUSTOM: return;  // the caller's channels stand
-    default: LogManager::getInstance().writeLog(5, "colorToRGB(): Color %d not supported.", color); return;
+    default: LogManager::getInstance().writeLog(LOG_DETAIL, "colorToRGB(): Color %d not supported.", color); return;
   }
 }
 

@@ -1,13 +1,16 @@
 #pragma once
 
-#include <SFML/Graphics.hpp>
-#include <array>
+#include <memory>
 #include <string>
-#include <vector>
 
 #include "engine/core/Manager.h"
 #include "engine/core/Types.h"
 #include "engine/core/Vector.h"
+
+namespace sf {
+class Color;
+class RenderWindow;
+}  // namespace sf
 
 namespace ot {
 
@@ -78,48 +81,34 @@ class DisplayManager : public Manager {
  private:
   DisplayManager();
 
-  // Deletes the window, the text and the rectangle, in that order.
-  void release();
-  void makeRectangle();
+  // The window, its font, the cell's rectangle and text, and the characters
+  // recorded since the last flush; kept out of this header so that a game's
+  // sources don't all compile the graphics library.
+  struct Canvas;
 
-  // A character's quad as a text of that one character lays it out: edges
-  // from the text's position, and their place in the font's page. Blanks have
-  // no quad.
-  struct CellGlyph {
-    bool looked_up = false;
-    bool has_quad = false;
-    float left = 0, top = 0, right = 0, bottom = 0;
-    float u1 = 0, v1 = 0, u2 = 0, v2 = 0;
-  };
-  const CellGlyph& cellGlyph(char ch) const;
-  // Records the rectangle and the text as they stand, in pixels of the window.
-  void recordCell(char ch, sf::Color color) const;
+  // Closes the window and forgets the laid-out glyphs.
+  void release();
+  // A rectangle of the present cell size in the background colour.
+  void makeRectangle();
   // Draws the recorded characters in one call and empties the record.
   void flushCells() const;
 
-  sf::Font m_font;
-  sf::RenderWindow* m_p_window = nullptr;
+  std::unique_ptr<Canvas> m_p_canvas;  // always there; its window only while started with one
   int m_window_horizontal_pixels = 0;
   int m_window_vertical_pixels = 0;
   int m_window_horizontal_chars = 0;
   int m_window_vertical_chars = 0;
-  sf::RectangleShape* m_p_rectangle = nullptr;  // the cell background
-  sf::Color m_window_background_color = sf::Color(0, 0, 0, 255);
-  sf::Text* m_p_text = nullptr;  // the cell's character
-  int m_shake_duration = 0;      // frames left
+  int m_shake_duration = 0;  // frames left
   int m_shake_severity_x = 0;    // pixels
   int m_shake_severity_y = 0;
   int m_shake_offset_x = 0;
   int m_shake_offset_y = 0;
-
-  mutable std::array<CellGlyph, 256> m_glyphs;  // by the char's byte, for the text's size
-  mutable std::vector<sf::Vertex> m_cells;      // recorded since the last flush
 };
 
 // Size of one cell in pixels.
 float charHeight();
 float charWidth();
-// Conversions between spaces and window pixels, each logged at level 30.
+// Conversions between spaces and window pixels, each logged at LOG_PIXELS.
 Vector spacesToPixels(Vector spaces);
 Vector pixelsToSpaces(Vector pixels);
 // Opaque SFML colour of a named colour; white for CUSTOM and unknown values.

@@ -199,14 +199,11 @@ bool InputManager::isValid(std::string event_type) const {
 
 int InputManager::startUp() {
   LogManager& log = LogManager::getInstance();
-  if (isStarted()) {
-    log.writeLog("%s::startup(): Warning! %s already started.", getType().c_str(), getType().c_str());
-    return -1;
-  }
+  if (refuseSecondStart()) return -1;
   if (Config::getInstance().getHeadless()) {
-    log.writeLog(1, "InputManager::startUp(): no input in headless mode.");
+    log.writeLog(LOG_INFO, "InputManager::startUp(): no input in headless mode.");
     Manager::startUp();
-    log.writeLog(5, "InputManager::startUp(): successfully started.");
+    log.writeLog(LOG_DETAIL, "InputManager::startUp(): successfully started.");
     return 0;
   }
   DisplayManager& display = DisplayManager::getInstance();
@@ -217,12 +214,12 @@ int InputManager::startUp() {
   // Without repeat a held key gives one KEY_PRESSED; KEY_DOWN covers the rest.
   if (sf::RenderWindow* p_window = display.getWindow()) {
     p_window->setKeyRepeatEnabled(false);
-    log.writeLog(2, "InputManager::startUp(): Keyboard repeated disabled.");
+    log.writeLog(LOG_NOTICE, "InputManager::startUp(): Keyboard repeated disabled.");
   } else {
     log.writeLog("InputManager::startUp(): Warning! DisplayManager null. Cannot disable keyboard repeat.");
   }
   Manager::startUp();
-  log.writeLog(5, "InputManager::startUp(): successfully started.");
+  log.writeLog(LOG_DETAIL, "InputManager::startUp(): successfully started.");
   return 0;
 }
 
@@ -230,10 +227,10 @@ void InputManager::shutDown() {
   LogManager& log = LogManager::getInstance();
   if (sf::RenderWindow* p_window = DisplayManager::getInstance().getWindow()) {
     p_window->setKeyRepeatEnabled(true);
-    log.writeLog(2, "InputManager::shutDown(): Keyboard repeat enabled.");
+    log.writeLog(LOG_NOTICE, "InputManager::shutDown(): Keyboard repeat enabled.");
   }
   Manager::shutDown();
-  log.writeLog(5, "InputManager::shutDown(): successfully stopped.");
+  log.writeLog(LOG_DETAIL, "InputManager::shutDown(): successfully stopped.");
 }
 
 void InputManager::getInput() {
@@ -249,7 +246,7 @@ void InputManager::getInput() {
   sf::Event event;
   while (p_window->pollEvent(event)) {
     if (event.type == sf::Event::Closed) {
-      log.writeLog(1, "InputManager::getInput(): Window closed. Setting game over.");
+      log.writeLog(LOG_INFO, "InputManager::getInput(): Window closed. Setting game over.");
       GameManager::getInstance().setGameOver(true);
       return;  // the rest of this frame's input stays unread
     }
@@ -309,10 +306,10 @@ EventKeyboard toEventKeyboard(const sf::Event& event) {
   if (p_entry) {
     keyboard.setKey(p_entry->key);
   } else {
-    log.writeLog(1, "InputManager::toEventKeyboard(): Warning key '%s' not handled.", description.c_str());
+    log.writeLog(LOG_INFO, "InputManager::toEventKeyboard(): Warning key '%s' not handled.", description.c_str());
     keyboard.setKey(Keyboard::UNDEFINED_KEY);
   }
-  log.writeLog(15, "InputManager::toEventKeyboard(): Keyboard event '%s' (%s)",
+  log.writeLog(LOG_EVENTS, "InputManager::toEventKeyboard(): Keyboard event '%s' (%s)",
                keyToString(keyboard.getKey()).c_str(), description.c_str());
   return keyboard;
 }

@@ -26,7 +26,7 @@ int Music::loadMusic(std::string filename) {
 }
 
 void Music::play(bool loop) {
-  LogManager::getInstance().writeLog(5, "Music::play(): Playing music.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "Music::play(): Playing music.");
   // Without a device SFML's streaming thread would spin on failing calls.
   if (!m_p_music || m_deviceless) return;
   m_p_music->play();
@@ -34,12 +34,12 @@ void Music::play(bool loop) {
 }
 
 void Music::pause() {
-  LogManager::getInstance().writeLog(5, "Music::pause(): Pausing music.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "Music::pause(): Pausing music.");
   if (m_p_music) m_p_music->pause();
 }
 
 void Music::stop() {
-  LogManager::getInstance().writeLog(5, "Music::stop(): Stopping music.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "Music::stop(): Stopping music.");
   if (m_p_music) m_p_music->stop();
 }
 

@@ -1,5 +1,7 @@
 #include "engine/presentation/ResourceManager.h"
 
+#include <algorithm>
+
 #include "engine/core/LogManager.h"
 #include "engine/presentation/AudioOutput.h"
 #include "engine/presentation/Sprite.h"
@@ -21,60 +23,43 @@ ResourceManager& ResourceManager::getInstance() {
   return resource_manager;
 }
 
-ResourceManager::~ResourceManager() {
-  for (int i = 0; i < m_sprite_count; i++) delete m_sprite[i];
-}
+ResourceManager::~ResourceManager() = default;
 
 int ResourceManager::startUp() {
-  if (isStarted()) {
-    LogManager::getInstance().writeLog("%s::startup(): Warning! %s already started.", getType().c_str(),
-                                       getType().c_str());
-    return -1;
-  }
-  m_sprite_count = 0;
+  if (refuseSecondStart()) return -1;
+  m_sprite.clear();
   m_sound_count = 0;
   m_music_count = 0;
   Manager::startUp();
-  LogManager::getInstance().writeLog(5, "RM::startUp(): successfully started.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "RM::startUp(): successfully started.");
   return 0;
 }
 
 void ResourceManager::shutDown() {
-  for (int i = 0; i < m_sprite_count; i++) {
-    delete m_sprite[i];
-    m_sprite[i] = nullptr;
-  }
-  m_sprite_count = 0;
+  m_sprite.clear();
   for (int i = 0; i < m_sound_count; i++) m_sound[i].stop();
   // Bounded by the sounds, not the music: music past the number of sounds
   // keeps playing, and with no sounds none stops. Kept as it stands, as are
   // both counts; the table's size still bounds it.
   for (int i = 0; i < m_sound_count && i < MAX_MUSICS; i++) m_music[i].stop();
   Manager::shutDown();
-  LogManager::getInstance().writeLog(5, "RM::shutDown(): successfully stopped.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "RM::shutDown(): successfully stopped.");
 }
 
 int ResourceManager::unloadSprite(std::string label) {
-  if (!isStarted()) {
-    LogManager::getInstance().writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
-  for (int i = 0; i < m_sprite_count; i++) {
-    if (m_sprite[i]->getLabel() != label) continue;
-    delete m_sprite[i];
-    for (int j = i; j < m_sprite_count - 1; j++) m_sprite[j] = m_sprite[j + 1];
-    m_sprite_count--;
-    m_sprite[m_sprite_count] = nullptr;
-    return 0;
-  }
-  return -1;
+  if (refuseUntilStarted()) return -1;
+  auto found = std::find_if(m_sprite.begin(), m_sprite.end(),
+                           [&](const std::unique_ptr<Sprite>& p_s) { return p_s->getLabel() == label; });
+  if (found == m_sprite.end()) return -1;
+  m_sprite.erase(found);
+  return 0;
 }
 
 Sprite* ResourceManager::getSprite(std::string label) const {
   LogManager& log = LogManager::getInstance();
-  log.writeLog(5, "RM::getSprite(): Looking for sprite '%s'.", label.c_str());
-  for (int i = 0; i < m_sprite_count; i++) {
-    if (m_sprite[i]->getLabel() == label) return m_sprite[i];
+  log.writeLog(LOG_DETAIL, "RM::getSprite(): Looking for sprite '%s'.", label.c_str());
+  for (const std::unique_ptr<Sprite>& p_sprite : m_sprite) {
+    if (p_sprite->getLabel() == label) return p_sprite.get();
   }
   log.writeLog("RM::getSprite(): Warning! Sprite '%s' not found.", label.c_str());
   return nullptr;
@@ -82,10 +67,7 @@ Sprite* ResourceManager::getSprite(std::string label) const {
 
 int ResourceManager::loadSound(std::string filename, std::string label) {
   LogManager& log = LogManager::getInstance();
-  if (!isStarted()) {
-    log.writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
+  if (refuseUntilStarted()) return -1;
   if (m_sound_count == MAX_SOUNDS) {
     log.writeLog("RM::loadSound(): Error! Unable to add more sounds (max is %d).", MAX_SOUNDS);
     return -1;
@@ -95,16 +77,13 @@ int ResourceManager::loadSound(std::string filename, std::string label) {
     return -1;
   }
   m_sound[m_sound_count].setLabel(label);
-  log.writeLog(1, "RM::loadSound(): Sound '%s' successfully loaded.", label.c_str());
+  log.writeLog(LOG_INFO, "RM::loadSound(): Sound '%s' successfully loaded.", label.c_str());
   m_sound_count++;
   return 0;
 }
 
 int ResourceManager::unloadSound(std::string label) {
-  if (!isStarted()) {
-    LogManager::getInstance().writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
+  if (refuseUntilStarted()) return -1;
   for (int i = 0; i < m_sound_count; i++) {
     if (m_sound[i].getLabel() != label) continue;
     // Pointers from getSound now see the next sound along.
@@ -117,7 +96,7 @@ int ResourceManager::unloadSound(std::string label) {
 
 Sound* ResourceManager::getSound(std::string label) {
   LogManager& log = LogManager::getInstance();
-  log.writeLog(5, "RM::getSound(): Looking for sound '%s'.", label.c_str());
+  log.writeLog(LOG_DETAIL, "RM::getSound(): Looking for sound '%s'.", label.c_str());
   for (int i = 0; i < m_sound_count; i++) {
     if (m_sound[i].getLabel() == label) return &m_sound[i];
   }
@@ -127,10 +106,7 @@ Sound* ResourceManager::getSound(std::string label) {
 
 int ResourceManager::loadMusic(std::string filename, std::string label) {
   LogManager& log = LogManager::getInstance();
-  if (!isStarted()) {
-    log.writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
+  if (refuseUntilStarted()) return -1;
   if (m_music_count == MAX_MUSICS) {
     log.writeLog("RM::loadMusic(): Error! Unable to add more musics (max is %d).", MAX_MUSICS);
     return -1;
@@ -145,16 +121,13 @@ int ResourceManager::loadMusic(std::string filename, std::string label) {
     return -1;
   }
   m_music[m_music_count].setLabel(label);
-  log.writeLog(1, "RM::loadMusic(): Music '%s' successfully loaded.", label.c_str());
+  log.writeLog(LOG_INFO, "RM::loadMusic(): Music '%s' successfully loaded.", label.c_str());
   m_music_count++;
   return 0;
 }
 
 int ResourceManager::unloadMusic(std::string label) {
-  if (!isStarted()) {
-    LogManager::getInstance().writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
+  if (refuseUntilStarted()) return -1;
   for (int i = 0; i < m_music_count; i++) {
     if (m_music[i].getLabel() != label) continue;
     // Music can't be moved, so the slot stays taken and is never reused.
@@ -166,7 +139,7 @@ int ResourceManager::unloadMusic(std::string label) {
 
 Music* ResourceManager::getMusic(std::string label) {
   LogManager& log = LogManager::getInstance();
-  log.writeLog(5, "RM::getMusic(): Looking for music '%s'.", label.c_str());
+  log.writeLog(LOG_DETAIL, "RM::getMusic(): Looking for music '%s'.", label.c_str());
   for (int i = 0; i < m_music_count; i++) {
     if (m_music[i].getLabel() == label) return &m_music[i];
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fstream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -47,9 +48,9 @@ class ResourceManager : public Manager {
   Sprite* getSprite(std::string label) const;
 
   // The two formats' readers, from the file's present position and going on
-  // with the file-wide line count; a new sprite the caller owns, or null.
-  Sprite* loadSimpleSprite(std::ifstream& file);
-  Sprite* loadRobustSprite(std::ifstream& file);
+  // with the file-wide line count; a new sprite, or null.
+  std::unique_ptr<Sprite> loadSimpleSprite(std::ifstream& file);
+  std::unique_ptr<Sprite> loadRobustSprite(std::ifstream& file);
 
   // Loads a sound file under a label; -1 when the table is full or the file
   // can't be read.
@@ -70,8 +71,7 @@ class ResourceManager : public Manager {
  private:
   ResourceManager();
 
-  Sprite* m_sprite[MAX_SPRITES] = {};  // owned; the first m_sprite_count in use
-  int m_sprite_count = 0;
+  std::vector<std::unique_ptr<Sprite>> m_sprite;  // at most MAX_SPRITES
   Sound m_sound[MAX_SOUNDS];  // the first m_sound_count in use
   int m_sound_count = 0;
   Music m_music[MAX_MUSICS];  // the first m_music_count taken, unloaded ones too

@@ -39,15 +39,15 @@ bool startsWith(const std::string& line, const char* token) {
 // The sprite's frames row by row, for the most talkative log level.
 void dumpFrames(const Sprite* p_sprite, const std::string& label) {
   LogManager& log = LogManager::getInstance();
-  if (log.getLogLevel() < 15) return;
-  log.writeLog(15, "RM::loadSprite(): Sprite '%s' frames:", label.c_str());
+  if (log.getLogLevel() < LOG_EVENTS) return;
+  log.writeLog(LOG_EVENTS, "RM::loadSprite(): Sprite '%s' frames:", label.c_str());
   for (int f = 0; f < p_sprite->getFrameCount(); f++) {
-    log.writeLog(15, "\tFrame %d:", f + 1);
+    log.writeLog(LOG_EVENTS, "\tFrame %d:", f + 1);
     Frame frame = p_sprite->getFrame(f);
     std::string text = frame.getString();
     size_t width = static_cast<size_t>(frame.getWidth());
     for (int row = 0; row < frame.getHeight(); row++) {
-      log.writeLog(15, "\t%s", text.substr(static_cast<size_t>(row) * width, width).c_str());
+      log.writeLog(LOG_EVENTS, "\t%s", text.substr(static_cast<size_t>(row) * width, width).c_str());
     }
   }
 }
@@ -56,17 +56,14 @@ void dumpFrames(const Sprite* p_sprite, const std::string& label) {
 
 int ResourceManager::loadSprite(std::string filename, std::string label) {
   LogManager& log = LogManager::getInstance();
-  if (!isStarted()) {
-    log.writeLog("%s not started!", getType().c_str());
-    return -1;
-  }
-  if (m_sprite_count == MAX_SPRITES) {
+  if (refuseUntilStarted()) return -1;
+  if (static_cast<int>(m_sprite.size()) == MAX_SPRITES) {
     // These two carry the robust reader's name; kept as they stand.
     log.writeLog("RM::loadRobustSprite(): Error! Cannot add more Sprites (max is %d).", MAX_SPRITES);
     log.writeLog("RM::loadRobustSprite(): Sprite '%s' not loaded.", label.c_str());
     return -1;
   }
-  log.writeLog(1, "RM::loadSprite(): Loading sprite '%s'.", filename.c_str());
+  log.writeLog(LOG_INFO, "RM::loadSprite(): Loading sprite '%s'.", filename.c_str());
   std::ifstream file(filename);
   if (!file.is_open()) {
     log.writeLog("RM::loadSprite(): Error! Cannot open file '%s'.", filename.c_str());
@@ -78,30 +75,27 @@ int ResourceManager::loadSprite(std::string filename, std::string label) {
   file.clear();  // a one-line file has hit its end
   file.seekg(0);
 
-  Sprite* p_sprite = nullptr;
+  std::unique_ptr<Sprite> p_sprite;
   if (first == "<HEADER>") {
-    log.writeLog(5, "RM::loadSprite(): assuming robust sprite file format.");
+    log.writeLog(LOG_DETAIL, "RM::loadSprite(): assuming robust sprite file format.");
     p_sprite = loadRobustSprite(file);
   } else if (atoi(first.c_str()) < 1) {
     log.writeLog("RM::loadSprite(): Error! Unknown sprite file format.");
     log.writeLog("RM::loadSprite(): First line is '%s'.", first.c_str());
     log.writeLog("RM::loadSprite(): Sprite '%s' NOT loaded.", label.c_str());
-    file.close();
     return -1;
   } else {
-    log.writeLog(5, "RM::loadSprite(): assuming simple sprite file format.");
+    log.writeLog(LOG_DETAIL, "RM::loadSprite(): assuming simple sprite file format.");
     p_sprite = loadSimpleSprite(file);
   }
   if (!p_sprite) {
     log.writeLog("RM::loadSprite(): Sprite '%s' NOT loaded.", label.c_str());
-    file.close();
     return -1;
   }
   p_sprite->setLabel(label);
-  m_sprite[m_sprite_count++] = p_sprite;
-  dumpFrames(p_sprite, label);
-  log.writeLog(5, "RM::loadSprite(): Sprite '%s' loaded.", label.c_str());
-  file.close();
+  dumpFrames(p_sprite.get(), label);
+  m_sprite.push_back(std::move(p_sprite));
+  log.writeLog(LOG_DETAIL, "RM::loadSprite(): Sprite '%s' loaded.", label.c_str());
   return 0;
 }
 
@@ -117,12 +111,9 @@ std::string getLine(std::ifstream& file, bool count) {
   return line;
 }
 
-Sprite* ResourceManager::loadSimpleSprite(std::ifstream& file) {
+std::unique_ptr<Sprite> ResourceManager::loadSimpleSprite(std::ifstream& file) {
   LogManager& log = LogManager::getInstance();
-  if (!isStarted()) {
-    log.writeLog("%s not started!", getType().c_str());
-    return nullptr;
-  }
+  if (refuseUntilStarted()) return nullptr;
   const char* const missing[] = {"\tMissing frames (an integer).", "\tMissing width (an integer).",
                                  "\tMissing height (an integer).", "\tMissing slowdown (an integer).",
                                  "\tMissing color (a string)."};
@@ -136,7 +127,7 @@ Sprite* ResourceManager::loadSimpleSprite(std::ifstream& file) {
       log.writeLog("%s", missing[i]);
       return nullptr;
     }
-    log.writeLog(20, "\tLine %2d: '%s'", line_number, header[i].c_str());
+    log.writeLog(LOG_LINES, "\tLine %2d: '%s'", line_number, header[i].c_str());
     if (i < 4) value[i] = atoi(header[i].c_str());
     if (i == 0 && value[0] < 1) {
       log.writeLog("RM::loadSimpleSprite(): Error line %d! Number of frames is %d.", line_number, value[0]);
@@ -165,13 +156,13 @@ Sprite* ResourceManager::loadSimpleSprite(std::ifstream& file) {
     log.writeLog("                    blue, magenta, cyan or white.");
     return nullptr;
   }
-  log.writeLog(5, "\t      Frames: %d", frames);
-  log.writeLog(5, "\t       Width: %d", width);
-  log.writeLog(5, "\t      Height: %d", height);
-  log.writeLog(5, "\t    Slowdown: %d", slowdown);
-  log.writeLog(5, "\t       Color: %s", header[4].c_str());
+  log.writeLog(LOG_DETAIL, "\t      Frames: %d", frames);
+  log.writeLog(LOG_DETAIL, "\t       Width: %d", width);
+  log.writeLog(LOG_DETAIL, "\t      Height: %d", height);
+  log.writeLog(LOG_DETAIL, "\t    Slowdown: %d", slowdown);
+  log.writeLog(LOG_DETAIL, "\t       Color: %s", header[4].c_str());
 
-  Sprite* p_sprite = new (std::nothrow) Sprite(frames);
+  std::unique_ptr<Sprite> p_sprite(new (std::nothrow) Sprite(frames));
   if (!p_sprite) {
     log.writeLog("RM::loadSimpleSprite(): Error! Unable to create Sprite.");
     return nullptr;
@@ -183,7 +174,7 @@ Sprite* ResourceManager::loadSimpleSprite(std::ifstream& file) {
   p_sprite->setTransparency(0);
 
   for (int f = 1; f <= frames; f++) {
-    log.writeLog(15, "RM::loadSimpleSprite(): Reading frame %d of %d.", f, frames);
+    log.writeLog(LOG_EVENTS, "RM::loadSimpleSprite(): Reading frame %d of %d.", f, frames);
     std::string text;
     for (int row = 1; row <= height; row++) {
       std::string line = getLine(file, true);
@@ -191,23 +182,20 @@ Sprite* ResourceManager::loadSimpleSprite(std::ifstream& file) {
       if (line.empty()) {
         log.writeLog("RM::loadSimpleSprite(): Error! Unexpected end of file.");
         log.writeLog("\tReading frame %d of %d, row %d of %d.", f, frames, row, height);
-        delete p_sprite;
         return nullptr;
       }
       if (static_cast<int>(line.size()) != width) {
         log.writeLog("RM::loadSimpleSprite(): Error line %d!", line_number);
         log.writeLog("\tLine %2d: '%s'", line_number, line.c_str());
         log.writeLog("\tWidth is %d, expected %d.", static_cast<int>(line.size()), width);
-        delete p_sprite;
         return nullptr;
       }
-      log.writeLog(20, "\tLine %2d: '%s'", line_number, line.c_str());
+      log.writeLog(LOG_LINES, "\tLine %2d: '%s'", line_number, line.c_str());
       text += line;
     }
     if (p_sprite->addFrame(Frame(width, height, text)) == -1) {
       log.writeLog("RM::loadSimpleSprite(): Error! Cannot add Frame.");
       log.writeLog("\tFramecount is %d, max is %d.", p_sprite->getFrameCount() + 1, frames);
-      delete p_sprite;
       return nullptr;
     }
   }
@@ -222,7 +210,6 @@ Sprite* ResourceManager::loadSimpleSprite(std::ifstream& file) {
       if (!extra.empty() && extra.back() == '\r') extra.pop_back();
       log.writeLog("RM::loadSimpleSprite(): Error line %d!", line_number);
       log.writeLog("\tExtra file data: '%s'", extra.c_str());
-      delete p_sprite;
       return nullptr;
     }
   }
@@ -264,7 +251,7 @@ int matchLineInt(std::vector<std::string>& data, const char* token) {
       continue;
     }
     if (result != -1)
-      LogManager::getInstance().writeLog(1, "matchLineInt(): Warning! '%s' matches multiple lines.",
+      LogManager::getInstance().writeLog(LOG_INFO, "matchLineInt(): Warning! '%s' matches multiple lines.",
                                          it->c_str());
     // A line that is just the token has no text after it and reads as 0; the
     // robust loader refuses such lines before it asks.
@@ -283,7 +270,7 @@ std::string matchLineStr(std::vector<std::string>& data, const char* token) {
       continue;
     }
     if (!result.empty())
-      LogManager::getInstance().writeLog(1, "matchLineStr(): Warning! '%s' matches multiple lines.",
+      LogManager::getInstance().writeLog(LOG_INFO, "matchLineStr(): Warning! '%s' matches multiple lines.",
                                          it->c_str());
     result = it->size() >= skip ? it->substr(skip) : "";
     it = data.erase(it);
@@ -301,7 +288,7 @@ Frame readFrame(std::vector<std::string>& data, int width, int height, int line_
     }
     const std::string line = data.front();
     line_no++;
-    log.writeLog(20, "\tLine %2d: '%s'", line_no, line.c_str());
+    log.writeLog(LOG_LINES, "\tLine %2d: '%s'", line_no, line.c_str());
     if (static_cast<int>(line.size()) != width) {
       log.writeLog("\tError! Line %d: Line length is %d (frame width is %d).", line_no,
                    static_cast<int>(line.size()), width);
@@ -325,15 +312,12 @@ Frame readFrame(std::vector<std::string>& data, int width, int height, int line_
   return Frame(width, height, text);
 }
 
-Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
+std::unique_ptr<Sprite> ResourceManager::loadRobustSprite(std::ifstream& file) {
   LogManager& log = LogManager::getInstance();
-  if (!isStarted()) {
-    log.writeLog("%s not started!", getType().c_str());
-    return nullptr;
-  }
+  if (refuseUntilStarted()) return nullptr;
   std::vector<std::string> header = readData(file, "HEADER");
   if (header.empty()) return nullptr;
-  log.writeLog(20, "ResourceManager::loadRobustSprite(): After header, line number: '%d'", line_number);
+  log.writeLog(LOG_LINES, "ResourceManager::loadRobustSprite(): After header, line number: '%d'", line_number);
   // Matching erases lines, so their places in the file are taken now.
   const std::vector<std::string> header_lines = header;
   const int header_start = line_number - static_cast<int>(header.size());
@@ -361,15 +345,15 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
 
   std::string color = matchLineStr(header, "color");
   if (color.empty()) {
-    log.writeLog(5, "RM::loadRobustSprite(): Warning! No '%s' in header.", "color");
+    log.writeLog(LOG_DETAIL, "RM::loadRobustSprite(): Warning! No '%s' in header.", "color");
     color = "default";
   }
   char transparency = 0;
   const std::string transparency_text = matchLineStr(header, "transparency");
   if (transparency_text.empty()) {
-    log.writeLog(5, "RM::loadRobustSprite(): Note! No '%s' in header.", "transparency");
+    log.writeLog(LOG_DETAIL, "RM::loadRobustSprite(): Note! No '%s' in header.", "transparency");
   } else if (transparency_text == "\" \"") {
-    log.writeLog(5, "RM::loadRobustSprite(): transparency is 'space'");
+    log.writeLog(LOG_DETAIL, "RM::loadRobustSprite(): transparency is 'space'");
     transparency = ' ';
   } else {
     transparency = transparency_text[0];
@@ -378,29 +362,29 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
   int slowdown = matchLineInt(header, "slowdown");
   if (slowdown == -1) {
     // 0 here, not the sprite's own default of 1; it plays the same.
-    log.writeLog(5, "RM::loadRobustSprite(): Note! No '%s' in header.", "slowdown");
+    log.writeLog(LOG_DETAIL, "RM::loadRobustSprite(): Note! No '%s' in header.", "slowdown");
     slowdown = 0;
   }
   if (!header.empty()) {
-    log.writeLog(1, "RM::loadRobustSprite(): Warning! Unused HEADER lines:");
-    for (const std::string& line : header) log.writeLog(1, "\t'%s'", line.c_str());
+    log.writeLog(LOG_INFO, "RM::loadRobustSprite(): Warning! Unused HEADER lines:");
+    for (const std::string& line : header) log.writeLog(LOG_INFO, "\t'%s'", line.c_str());
   }
-  log.writeLog(5, "\t      Frames: %d", frames);
-  log.writeLog(5, "\t       Width: %d", width);
-  log.writeLog(5, "\t      Height: %d", height);
-  log.writeLog(5, "\t    Slowdown: %d", slowdown);
+  log.writeLog(LOG_DETAIL, "\t      Frames: %d", frames);
+  log.writeLog(LOG_DETAIL, "\t       Width: %d", width);
+  log.writeLog(LOG_DETAIL, "\t      Height: %d", height);
+  log.writeLog(LOG_DETAIL, "\t    Slowdown: %d", slowdown);
   if (transparency)
-    log.writeLog(5, "\tTransparency: '%c'", transparency);
+    log.writeLog(LOG_DETAIL, "\tTransparency: '%c'", transparency);
   else
-    log.writeLog(5, "\tTransparency: (none)");
+    log.writeLog(LOG_DETAIL, "\tTransparency: (none)");
 
   const int body_start = line_number;
   std::vector<std::string> body = readData(file, "BODY");
   if (body.empty()) return nullptr;
-  log.writeLog(20, "ResourceManager::loadRobustSprite(): After reading body: line number is '%d'",
+  log.writeLog(LOG_LINES, "ResourceManager::loadRobustSprite(): After reading body: line number is '%d'",
                line_number);
 
-  Sprite* p_sprite = new (std::nothrow) Sprite(frames);
+  std::unique_ptr<Sprite> p_sprite(new (std::nothrow) Sprite(frames));
   if (!p_sprite) {
     log.writeLog("RM::loadRobustSprite(): Error! Unable to create Sprite.");
     return nullptr;
@@ -414,11 +398,10 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
     log.writeLog("RM::loadRobustSprite(): Error! Unrecognized color '%s'.", color.c_str());
     log.writeLog("  Valid colors are: black, red, green, yellow,");
     log.writeLog("                    blue, magenta, cyan and white.");
-    delete p_sprite;
     return nullptr;
   }
   p_sprite->setColor(sprite_color);
-  log.writeLog(5, "\t       Color: %s", color.c_str());
+  log.writeLog(LOG_DETAIL, "\t       Color: %s", color.c_str());
 
   for (int i = 0; i < frames; i++) {
     // This reckoning starts a line high and leaves out the "end" lines, so
@@ -426,36 +409,29 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
     const Frame frame = readFrame(body, width, height, body_start + i * height + 2);
     if (frame.getString().empty()) {
       log.writeLog("RM::loadRobustSprite(): Error! No frame data to add.");
-      delete p_sprite;
       return nullptr;
     }
     if (p_sprite->addFrame(frame) == -1) {
       log.writeLog("RM::loadRobustSprite(): Error! Cannot add Frame.");
       log.writeLog("\tFramecount is %d, max is %d", p_sprite->getFrameCount() + 1, frames);
-      delete p_sprite;
       return nullptr;
     }
   }
   if (!body.empty()) {
     log.writeLog("RM::loadRobustSprite(): Error! Extra BODY:");
     for (const std::string& line : body) log.writeLog("\tLine %d: %s", line_number++, line.c_str());
-    delete p_sprite;
     return nullptr;
   }
 
   std::vector<std::string> footer = readData(file, "FOOTER");
-  if (footer.empty()) {
-    delete p_sprite;
-    return nullptr;
-  }
+  if (footer.empty()) return nullptr;
   if (matchLineStr(footer, "version").empty()) {
     log.writeLog("RM::loadRobustSprite(): Error! Missing '%s' in FOOTER (line %d).", "version", line_number);
-    delete p_sprite;
     return nullptr;
   }
   if (!footer.empty()) {
-    log.writeLog(1, "RM::loadRobustSprite(): Warning! Unused FOOTER lines:");
-    for (const std::string& line : footer) log.writeLog(1, "\t'%s'", line.c_str());
+    log.writeLog(LOG_INFO, "RM::loadRobustSprite(): Warning! Unused FOOTER lines:");
+    for (const std::string& line : footer) log.writeLog(LOG_INFO, "\t'%s'", line.c_str());
   }
   // Whatever follows </FOOTER> isn't read.
   return p_sprite;

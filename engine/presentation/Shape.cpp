@@ -66,7 +66,7 @@ void Shape::draw(Vector world_position) {
   // Fetched for each shape: that puts the characters drawn so far below it.
   sf::RenderWindow* p_window = DisplayManager::getInstance().getWindow();
   if (!p_window) {
-    LogManager::getInstance().writeLog(5, "Shape::draw(): DisplayManager window not defined.");
+    LogManager::getInstance().writeLog(LOG_DETAIL, "Shape::draw(): DisplayManager window not defined.");
     return;
   }
   Vector pixels = spacesToPixels(worldToView(world_position));
@@ -99,7 +99,7 @@ void Shape::draw(Vector world_position) {
       break;
     default: return;
   }
-  LogManager::getInstance().writeLog(25, "Shape::draw(): Drawing at (%.2f, %.2f)", px, py);
+  LogManager::getInstance().writeLog(LOG_TRACE, "Shape::draw(): Drawing at (%.2f, %.2f)", px, py);
   p_window->draw(figure, sf::RenderStates::Default);
 }
 

@@ -70,7 +70,7 @@ int Sound::loadSound(std::string filename) {
 }
 
 void Sound::play(bool loop) {
-  LogManager::getInstance().writeLog(5, "Sound::play(): Playing sound.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "Sound::play(): Playing sound.");
   if (!m_p_sound) return;
   m_p_sound->play();
   m_p_sound->setLoop(loop);

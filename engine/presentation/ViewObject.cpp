@@ -140,8 +140,8 @@ void ViewObject::setViewString(std::string view_string) {
 
 int ViewObject::serialize(std::stringstream* p_ss, unsigned int attr) {
   LogManager& log = LogManager::getInstance();
-  log.writeLog(20, "ViewObject::serialize(): serializing attributes");
-  log.writeLog(20, "ViewObject::serialize(): attr is %u, modified is %u (%s)", attr, getModified(),
+  log.writeLog(LOG_LINES, "ViewObject::serialize(): serializing attributes");
+  log.writeLog(LOG_LINES, "ViewObject::serialize(): attr is %u, modified is %u (%s)", attr, getModified(),
                isModified() ? "true" : "false");
   // With no mask given, the mask written there is the whole modified one, so
   // it announces this item's own fields as well.
@@ -149,21 +149,21 @@ int ViewObject::serialize(std::stringstream* p_ss, unsigned int attr) {
   unsigned int modified = getModified();
   auto wanted = [&](unsigned int bit) { return takeForWriting(bit, attr, &modified); };
   if (wanted(VALUE)) {
-    log.writeLog(25, "\tVALUE");
+    log.writeLog(LOG_TRACE, "\tVALUE");
     writeRaw(p_ss, m_value);
   }
   if (wanted(APPEARANCE)) {
-    log.writeLog(25, "\tAPPEARANCE");
+    log.writeLog(LOG_TRACE, "\tAPPEARANCE");
     writeString(p_ss, m_view_string);
-    log.writeLog(25, "\tVIEW_STRING: %s", m_view_string.c_str());
+    log.writeLog(LOG_TRACE, "\tVIEW_STRING: %s", m_view_string.c_str());
     writeRaw(p_ss, m_border);
-    log.writeLog(25, "\tBORDER: %s", ot::toString(m_border).c_str());
+    log.writeLog(LOG_TRACE, "\tBORDER: %s", ot::toString(m_border).c_str());
     writeRaw(p_ss, m_color);
-    log.writeLog(25, "\tCOLOR: %s", ot::toString(m_color).c_str());
+    log.writeLog(LOG_TRACE, "\tCOLOR: %s", ot::toString(m_color).c_str());
     writeRaw(p_ss, m_location);
-    log.writeLog(25, "\tLOCATION: %s", locationText(m_location).c_str());
+    log.writeLog(LOG_TRACE, "\tLOCATION: %s", locationText(m_location).c_str());
     writeRaw(p_ss, m_draw_value);
-    log.writeLog(25, "\tDRAW_VALUE: %s", ot::toString(m_draw_value).c_str());
+    log.writeLog(LOG_TRACE, "\tDRAW_VALUE: %s", ot::toString(m_draw_value).c_str());
   }
   setModified(modified);
   return checkStream("ViewObject::serialize()", p_ss);
@@ -179,11 +179,11 @@ int ViewObject::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
     return result;
   }
   const unsigned int attr = *p_a;
-  log.writeLog(20, "ViewObject::deserialize(): attr %u (%s)", attr, toBinaryString(attr).c_str());
+  log.writeLog(LOG_LINES, "ViewObject::deserialize(): attr %u (%s)", attr, toBinaryString(attr).c_str());
   if (attr & VALUE) {
     int value = readOver(p_ss, m_value);
     setValue(value);
-    log.writeLog(25, "\tVALUE: %d", value);
+    log.writeLog(LOG_TRACE, "\tVALUE: %d", value);
   }
   if (attr & APPEARANCE) {
     std::uint64_t length = 0;
@@ -205,7 +205,7 @@ int ViewObject::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
     setDrawValue(draw_value);
   }
   // The setters above marked this item's own bits, and they stay marked.
-  log.writeLog(20, "ViewObject::deserialize(): done checking all types.");
+  log.writeLog(LOG_LINES, "ViewObject::deserialize(): done checking all types.");
   return checkStream("ViewObject::deserialize()", p_ss);
 }
 

@@ -118,7 +118,7 @@ Vector getNormal(Object* p_o, Object* p_other) {
   for (const Side& side : sides) {
     if (boxIntersectsBox(box, shifted(other, side.dx, side.dy))) return side.normal;
   }
-  LogManager::getInstance().writeLog(1, "getNormal(): No collision detected. Returning (0,0).");
+  LogManager::getInstance().writeLog(LOG_INFO, "getNormal(): No collision detected. Returning (0,0).");
   return Vector(0, 0);
 }
 

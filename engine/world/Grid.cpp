@@ -53,7 +53,7 @@ int Grid::startUp() {
   Box boundary = WorldManager::getInstance().getBoundary();
   m_num_cols = static_cast<int>(ceilf(boundary.getHorizontal() / static_cast<float>(m_cell_width)));
   m_num_rows = static_cast<int>(ceilf(boundary.getVertical() / static_cast<float>(m_cell_height)));
-  log.writeLog(5, "Grid::startUp(): m_num_cols %d, m_num_rows %d", m_num_cols, m_num_rows);
+  log.writeLog(LOG_DETAIL, "Grid::startUp(): m_num_cols %d, m_num_rows %d", m_num_cols, m_num_rows);
 
   // Zero rows is a legal, empty grid: new[] of 0 still gives a pointer.
   m_grid = new (std::nothrow) ObjectList*[std::max(m_num_rows, 0)];

@@ -1,5 +1,6 @@
 #include "engine/world/Object.h"
 
+#include <algorithm>
 #include <cmath>
 #include <new>
 
@@ -56,10 +57,7 @@ Object::Object() : m_id(g_next_id++) {
 }
 
 Object::~Object() {
-  for (int i = m_event_count - 1; i >= 0; i--) {
-    std::string label = m_event_name[i];
-    unregisterInterest(label);
-  }
+  unregisterAll();
   dropPathFind();
   if (WorldManager::getInstance().removeObject(this) == -1)
     LogManager::getInstance().writeLog("Object::~Object(): Error! Unable to remove %p from game world.",
@@ -226,7 +224,7 @@ void Object::setPath(Path path) {
 }
 
 int Object::registerInterest(std::string event_type) {
-  if (m_event_count == MAX_OBJ_EVENTS) {
+  if (getEventCount() == MAX_OBJ_EVENTS) {
     LogManager::getInstance().writeLog(
         "Object::registerInterest(): maximum (%d) reached, cannot register for event '%s'", MAX_OBJ_EVENTS,
         event_type.c_str());
@@ -234,22 +232,20 @@ int Object::registerInterest(std::string event_type) {
   }
   if (managerFor(event_type, true).registerInterest(this, event_type) == -1) return -1;
   // A repeated registration is stored a second time here; kept so.
-  m_event_name[m_event_count++] = event_type;
+  m_event_name.push_back(event_type);
   m_modified |= EVENTS;
   return 0;
 }
 
 int Object::unregisterInterest(std::string event_type) {
-  int found = 0;
-  while (found < m_event_count && m_event_name[found] != event_type) found++;
-  if (found == m_event_count) {
+  auto found = std::find(m_event_name.begin(), m_event_name.end(), event_type);
+  if (found == m_event_name.end()) {
     LogManager::getInstance().writeLog("Object::unregisterInterest(): event '%s' not previously registered",
                                        event_type.c_str());
     return -1;
   }
   if (managerFor(event_type, false).unregisterInterest(this, event_type) == -1) return -1;
-  for (int i = found; i < m_event_count - 1; i++) m_event_name[i] = m_event_name[i + 1];
-  m_event_count--;
+  m_event_name.erase(found);
   m_modified |= EVENTS;
   return 0;
 }
@@ -269,21 +265,29 @@ int Object::eventHandler(const Event* p_e) {
   return 1;
 }
 
+void Object::unregisterAll() {
+  // From the last place down, each label by value: unregistering erases the
+  // first of its name, and one the manager refuses stays.
+  for (int i = getEventCount() - 1; i >= 0; i--) {
+    const std::string label = m_event_name[static_cast<size_t>(i)];
+    unregisterInterest(label);
+  }
+}
+
 void Object::dropPathFind() {
   if (!m_p_path_find) return;
-  PathManager::getInstance().removeFind(m_p_path_find);
-  delete m_p_path_find;
-  m_p_path_find = nullptr;
+  PathManager::getInstance().removeFind(m_p_path_find.get());
+  m_p_path_find.reset();
 }
 
 void Object::pathTo(Vector target) {
   dropPathFind();
-  m_p_path_find = new (std::nothrow) PathFind(this, m_position, target);
+  m_p_path_find.reset(new (std::nothrow) PathFind(this, m_position, target));
   if (!m_p_path_find) {
     LogManager::getInstance().writeLog("Object::pathTo(): Error! Unable to allocate memory for PathFind.");
     return;
   }
-  PathManager::getInstance().addFind(m_p_path_find);
+  PathManager::getInstance().addFind(m_p_path_find.get());
   if (m_follow_path) {
     m_follow_path = false;
     m_modified |= FOLLOW_PATH;
@@ -336,10 +340,10 @@ bool Object::operator==(const Object& other) const {
       m_direction != other.m_direction || !(m_speed == other.m_speed) ||
       m_acceleration != other.m_acceleration || m_altitude != other.m_altitude ||
       m_solidness != other.m_solidness || m_animation != other.m_animation || m_no_soft != other.m_no_soft ||
-      m_event_count != other.m_event_count || m_shape != other.m_shape || m_path != other.m_path ||
+      m_event_name.size() != other.m_event_name.size() || m_shape != other.m_shape || m_path != other.m_path ||
       m_follow_path != other.m_follow_path || m_avoid_collisions != other.m_avoid_collisions)
     return false;
-  for (int i = 0; i < m_event_count; i++) {
+  for (size_t i = 0; i < m_event_name.size(); i++) {
     if (m_event_name[i] != other.m_event_name[i]) return false;
   }
   return true;
@@ -353,7 +357,7 @@ std::string Object::toString() const {
          "], dir " + m_direction.toString() + ", speed " + ot::toString(m_speed) + ", accel " +
          m_acceleration.toString() + ", alt " + ot::toString(m_altitude) + ", " + ot::toString(m_solidness) +
          ", [ani " + m_animation.toString() + "], " + ot::toString(m_no_soft) + ", no soft " +
-         ot::toString(m_event_count) + ", [shape " + m_shape.toString() + "], [path " + m_path.toString() +
+         ot::toString(getEventCount()) + ", [shape " + m_shape.toString() + "], [path " + m_path.toString() +
          ", follow " + ot::toString(m_follow_path) + ", avoid" + ot::toString(m_avoid_collisions) + "]";
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/core/Box.h"
 #include "engine/core/Types.h"
@@ -111,11 +113,11 @@ class Object {
   Animation getAnimation() const { return m_animation; }
   bool getNoSoft() const { return m_no_soft; }
   void setNoSoft(bool no_soft = true);
-  int getEventCount() const { return m_event_count; }
+  int getEventCount() const { return static_cast<int>(m_event_name.size()); }
   Shape getShape() const { return m_shape; }
   Path getPath() const { return m_path; }
   void setPath(Path path);
-  PathFind* getPathFind() const { return m_p_path_find; }
+  PathFind* getPathFind() const { return m_p_path_find.get(); }
   bool getFollowPath() const { return m_follow_path; }
   bool getAvoidCollisions() const { return m_avoid_collisions; }
 
@@ -150,6 +152,8 @@ class Object {
   static bool takeForWriting(unsigned int bit, unsigned int attr, unsigned int* p_modified);
 
  private:
+  // Unregisters every interest, the last first.
+  void unregisterAll();
   // Removes and deletes a running search.
   void dropPathFind();
   // Turns the object toward the path's current point.
@@ -168,11 +172,12 @@ class Object {
   Solidness m_solidness = HARD;
   Animation m_animation;
   bool m_no_soft = false;  // when true, may not move onto a SOFT object
-  int m_event_count = 0;
-  std::string m_event_name[MAX_OBJ_EVENTS];
+  // Only what was registered, at most MAX_OBJ_EVENTS: a world holds many
+  // objects and most register for one or two events.
+  std::vector<std::string> m_event_name;
   unsigned int m_modified = ALL_OBJECT_ATTRIBUTES;
   Shape m_shape;
-  PathFind* m_p_path_find = nullptr;  // owned
+  std::unique_ptr<PathFind> m_p_path_find;  // registered with the PathManager while it runs
   Path m_path;
   bool m_follow_path = false;
   bool m_avoid_collisions = false;  // a HARD mover slides past HARD obstacles

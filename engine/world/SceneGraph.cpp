@@ -22,7 +22,7 @@ SceneGraph::~SceneGraph() { shutDown(); }
 
 int SceneGraph::startUp() {
   m_type_map.clear();
-  LogManager::getInstance().writeLog(1, "Scenegraph configuration: GRID");
+  LogManager::getInstance().writeLog(LOG_INFO, "Scenegraph configuration: GRID");
   return m_grid.startUp();
 }
 
@@ -235,7 +235,7 @@ int SceneGraph::updateSolidness(Object* p_o, Solidness new_solidness) {
     log.writeLog("SceneGraph::updateSolidness(): Error! unable to insert solid object");
     return -1;
   }
-  log.writeLog(20, "SceneGraph::updateSolidness(): Adding to grid.");
+  log.writeLog(LOG_LINES, "SceneGraph::updateSolidness(): Adding to grid.");
   if (m_grid.insertObject(p_o) == -1) {
     log.writeLog("SceneGraph::updateSolidness(): Error! unable to insert solid object (%d) into grid",
                  p_o->getId());

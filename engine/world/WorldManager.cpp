@@ -31,10 +31,7 @@ bool WorldManager::isValid(std::string event_type) const {
 
 int WorldManager::startUp() {
   LogManager& log = LogManager::getInstance();
-  if (isStarted()) {
-    log.writeLog("%s::startup(): Warning! %s already started.", getType().c_str(), getType().c_str());
-    return -1;
-  }
+  if (refuseSecondStart()) return -1;
   m_deletions.clear();
   m_boundary = Box();
   m_view = Box();
@@ -45,7 +42,7 @@ int WorldManager::startUp() {
     return -1;
   }
   Manager::startUp();
-  log.writeLog(5, "WorldManager::startUp(): successfully started.");
+  log.writeLog(LOG_DETAIL, "WorldManager::startUp(): successfully started.");
   return 0;
 }
 
@@ -55,14 +52,14 @@ void WorldManager::shutDown() {
   ObjectList all = getAllObjects(true);
   for (ObjectListIterator it(&all); !it.isDone(); it.next()) delete it.currentObject();
   m_scene_graph.shutDown();
-  LogManager::getInstance().writeLog(5, "WorldManager::shutDown(): Successfully stopped.");
+  LogManager::getInstance().writeLog(LOG_DETAIL, "WorldManager::shutDown(): Successfully stopped.");
 }
 
 int WorldManager::insertObject(Object* p_o) {
   if (!isStarted()) {
     LogManager& log = LogManager::getInstance();
-    log.writeLog(2, "WorldManager::insertObject(): Warning! Not adding Object %d", p_o->getId());
-    log.writeLog(2, "                              because WorldManager not started.");
+    log.writeLog(LOG_NOTICE, "WorldManager::insertObject(): Warning! Not adding Object %d", p_o->getId());
+    log.writeLog(LOG_NOTICE, "                              because WorldManager not started.");
     return -1;
   }
   return m_scene_graph.insertObject(p_o);
@@ -87,31 +84,26 @@ ObjectList WorldManager::objectsAtPosition(Vector where) const {
   return objectsInBox(Box(where - Vector(0.5f, 0.5f), 0.99f, 0.99f));
 }
 
-ObjectList WorldManager::objectsInBox(Box box) const {
+template <typename Touches>
+ObjectList WorldManager::activeObjectsWhere(Touches touches) const {
   ObjectList found;
   ObjectList active = m_scene_graph.activeObjects();
   for (ObjectListIterator it(&active); !it.isDone(); it.next()) {
-    if (boxIntersectsBox(getWorldBox(it.currentObject()), box)) found.insert(it.currentObject());
+    if (touches(getWorldBox(it.currentObject()))) found.insert(it.currentObject());
   }
   return found;
+}
+
+ObjectList WorldManager::objectsInBox(Box box) const {
+  return activeObjectsWhere([&](const Box& world_box) { return boxIntersectsBox(world_box, box); });
 }
 
 ObjectList WorldManager::objectsInCircle(Circle circle) const {
-  ObjectList found;
-  ObjectList active = m_scene_graph.activeObjects();
-  for (ObjectListIterator it(&active); !it.isDone(); it.next()) {
-    if (circleIntersectsBox(circle, getWorldBox(it.currentObject()))) found.insert(it.currentObject());
-  }
-  return found;
+  return activeObjectsWhere([&](const Box& world_box) { return circleIntersectsBox(circle, world_box); });
 }
 
 ObjectList WorldManager::objectsOnLine(Line line) const {
-  ObjectList found;
-  ObjectList active = m_scene_graph.activeObjects();
-  for (ObjectListIterator it(&active); !it.isDone(); it.next()) {
-    if (lineIntersectsBox(line, getWorldBox(it.currentObject()))) found.insert(it.currentObject());
-  }
-  return found;
+  return activeObjectsWhere([&](const Box& world_box) { return lineIntersectsBox(line, world_box); });
 }
 
 ObjectList WorldManager::objectsOfType(std::string type) const { return m_scene_graph.objectsOfType(type); }

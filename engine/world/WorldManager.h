@@ -76,6 +76,10 @@ class WorldManager : public Manager {
  private:
   WorldManager();
 
+  // The active objects whose box in the world passes the test.
+  template <typename Touches>
+  ObjectList activeObjectsWhere(Touches touches) const;
+
   SceneGraph m_scene_graph;
   ObjectList m_deletions;                // deleted at the end of this update
   Object* m_p_view_following = nullptr;  // compared only, never dereferenced in moves

@@ -49,7 +49,7 @@ int WorldManager::moveObject(Object* p_o, Vector where) {
         ObjectList collision_list2 = getCollisions(p_o, where2);
         if (!firstHard(ObjectListIterator(&collision_list2)).isDone()) {
           LogManager::getInstance().writeLog(
-              5, "WorldManager::moveObject(): Double collision. Object (avoid obstacles) cannot move.");
+              LOG_DETAIL, "WorldManager::moveObject(): Double collision. Object (avoid obstacles) cannot move.");
           return -1;
         }
         collision_list = collision_list2;

@@ -41,3 +41,10 @@ TEST(Platform, AnEnvironmentDefaultLeavesAValueAlreadySet) {
   EXPECT_STREQ("first", getenv("OSTREL_TEST_DEFAULT"));
   unsetenv("OSTREL_TEST_DEFAULT");
 }
+
+TEST(Platform, ATimerPeriodIsGrantedFromOneMillisecondUp) {
+  EXPECT_EQ(TIMERR_NOCANDO, timeBeginPeriod(0));
+  EXPECT_EQ(TIMERR_NOCANDO, timeEndPeriod(0));
+  EXPECT_EQ(0u, timeBeginPeriod(1));
+  EXPECT_EQ(0u, timeEndPeriod(1));
+}

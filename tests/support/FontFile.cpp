@@ -1,16 +1,14 @@
 #include "tests/support/FontFile.h"
 
 #include <cstdlib>
-#include <fstream>
+
+#include "engine/core/Config.h"
 
 namespace ot_test {
 
 std::string fontFile() {
-  if (const char* source_dir = std::getenv("OSTREL_SOURCE_DIR")) {
-    std::string path = std::string(source_dir) + "/ot-font.ttf";
-    if (std::ifstream(path).good()) return path;
-  }
-  return "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
+  const char* source_dir = std::getenv("OSTREL_SOURCE_DIR");
+  return source_dir ? ot::findFontFile(source_dir) : ot::SYSTEM_FONT_FILENAME;
 }
 
 }  // namespace ot_test

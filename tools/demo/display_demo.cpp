@@ -9,7 +9,6 @@
 // Mono when there is none.
 
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include "engine/core/Config.h"
@@ -24,11 +23,6 @@ namespace {
 
 using ot::DisplayManager;
 using ot::Vector;
-
-std::string demoFont() {
-  if (std::ifstream("ot-font.ttf").good()) return "ot-font.ttf";
-  return "/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf";
-}
 
 void drawColors(DisplayManager& display) {
   const char* names[] = {"Black", "Red", "Green", "Yellow", "Blue", "Magenta", "Cyan", "White"};
@@ -105,7 +99,7 @@ int main(int argc, char* argv[]) {
   config.setHeadless(false);
   config.setNetworking(false);
   config.setWindowTitle("Ostrel display demo");
-  config.setFontFile(demoFont());
+  config.setFontFile(ot::findFontFile());
   config.setLogfile("display-demo.log");
   config.setRandomSeed(1);  // the same shake on every run
   ot::GameManager& game = ot::GameManager::getInstance();

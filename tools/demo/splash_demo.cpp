@@ -13,7 +13,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <string>
 
 #include "engine/core/Config.h"
@@ -136,8 +135,7 @@ int main(int argc, char** argv) {
   setenv("OSTREL_CONFIG", "/dev/null", 1);
   ot::Config& config = ot::Config::getInstance();
   config.setNetworking(false);
-  if (!std::ifstream("ot-font.ttf").good())
-    config.setFontFile("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
+  config.setFontFile(ot::findFontFile());
   ot::GameManager& game = ot::GameManager::getInstance();
   if (game.startUp() != 0) {
     std::fprintf(stderr, "splash demo: the engine didn't start (see ostrel.log)\n");

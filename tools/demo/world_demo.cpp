@@ -9,7 +9,6 @@
 // ot-font.ttf there (or the system's DejaVu Sans Mono when there is none).
 
 #include <cstdio>
-#include <fstream>
 #include <string>
 
 #include "engine/core/Config.h"
@@ -81,8 +80,7 @@ int main(int argc, char** argv) {
   ot::Config& config = ot::Config::getInstance();
   config.setNetworking(false);
   config.setFrameTime(20);
-  if (!std::ifstream("ot-font.ttf").good())
-    config.setFontFile("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
+  config.setFontFile(ot::findFontFile());
   ot::GameManager& game = ot::GameManager::getInstance();
   if (game.startUp() != 0) {
     std::fprintf(stderr, "world demo: the engine didn't start (see ostrel.log)\n");

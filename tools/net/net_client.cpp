@@ -11,7 +11,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
-#include <fstream>
 #include <sstream>
 #include <string>
 
@@ -111,8 +110,7 @@ int main(int argc, char** argv) {
   ot::Config& config = ot::Config::getInstance();
   config.setNetworking(true);
   config.setWindowTitle("Ostrel network client");
-  if (!std::ifstream("ot-font.ttf").good())
-    config.setFontFile("/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf");
+  config.setFontFile(ot::findFontFile());
   ot::GameManager& game = ot::GameManager::getInstance();
   if (game.startUp() != 0) {
     std::fprintf(stderr,
