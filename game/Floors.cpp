@@ -1,5 +1,6 @@
 #include "game/Floors.h"
 
+
 #include "engine/core/EventView.h"
 #include "engine/core/LogManager.h"
 #include "engine/core/ObjectListIterator.h"
@@ -63,7 +64,7 @@ void restoreEnemies(int floor) {
   g_floor_stash[floor].clear();
 }
 
-void removeAllOfType(std::string type) {
+void removeAllOfType(const std::string& type) {
   ot::WorldManager& world = ot::WorldManager::getInstance();
   world.markForDelete(world.objectsOfType(type));
 }

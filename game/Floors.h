@@ -32,6 +32,6 @@ void saveEnemies(int floor);
 // empties the stash.
 void restoreEnemies(int floor);
 // Marks every object of that type for deletion.
-void removeAllOfType(std::string type);
+void removeAllOfType(const std::string& type);
 // Fills the current floor's spawn points through the Spawner.
 void spawnInitialAll();

@@ -23,7 +23,7 @@ void loadGameSprites() {
   loadGameSprite("arrow-down.txt", "arrow-down");
 }
 
-void loadGameSprite(std::string file, std::string label) {
+void loadGameSprite(const std::string& file, const std::string& label) {
   ot::ResourceManager& resources = ot::ResourceManager::getInstance();
   std::string path = "sprites/" + file;
   if (resources.loadSprite(path, label) != 0) {

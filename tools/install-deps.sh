@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 
 packages=(build-essential cmake googletest libgtest-dev libgmock-dev libbenchmark-dev
           libsfml-dev libopenal-dev libx11-dev xvfb xauth xdotool fonts-dejavu-core clang-format
-          faketime pkg-config "$@")
+          faketime pkg-config clang-tidy "$@")
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
@@ -23,5 +23,6 @@ if [ ${#missing[@]} -gt 0 ]; then
   apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 fi
 
-font=/usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf
+# The engine names the system's copy of its font in one place.
+font=$(sed -n 's/.*SYSTEM_FONT_FILENAME = "\(.*\)";/\1/p' engine/core/EventLabels.h)
 [ -f ot-font.ttf ] || cp "$font" ot-font.ttf

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Builds and runs every test: the formatting check, then the Debug build and
-# the AddressSanitizer+UndefinedBehaviorSanitizer build, each under ctest, and
-# between them the engine installed and used from outside this tree.
+# Builds and runs every test: the formatting check, clang-tidy on the engine
+# and the game, then the Debug build and the AddressSanitizer+
+# UndefinedBehaviorSanitizer build, each under ctest, and between them the
+# engine installed and used from outside this tree.
 # The windowed tests run in a private X server (xvfb-run) that ctest starts.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -13,6 +14,9 @@ if ! clang-format --dry-run -Werror "${sources[@]}"; then
   echo "Formatting differs from .clang-format: run clang-format -i on the files named above." >&2
   exit 1
 fi
+
+echo "== tidy"
+bash tools/tidy.sh build-debug
 
 run() {
   local dir=$1

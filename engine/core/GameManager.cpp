@@ -40,7 +40,7 @@ GameManager& GameManager::getInstance() {
   return game_manager;
 }
 
-bool GameManager::isValid(std::string event_type) const { return event_type == STEP_EVENT; }
+bool GameManager::isValid(const std::string& event_type) const { return event_type == STEP_EVENT; }
 
 void GameManager::setSleepFunction(SleepFunction sleep) { g_sleep = sleep; }
 

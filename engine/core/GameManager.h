@@ -18,7 +18,7 @@ class GameManager : public Manager {
 
   static GameManager& getInstance();
 
-  bool isValid(std::string event_type) const override;
+  bool isValid(const std::string& event_type) const override;
   // Starts the managers; -1 (with a log line) when one fails.
   int startUp() override;
   // Stops in reverse order every manager that started.

@@ -93,7 +93,7 @@ FILE* LogManager::streamFor(const std::string& file_name) {
   return p_f;
 }
 
-int LogManager::writeMyLog(std::string file_name, int, const char* fmt, ...) {
+int LogManager::writeMyLog(const std::string& file_name, int, const char* fmt, ...) {
   FILE* p_f = streamFor(file_name);
   va_list args;
   va_start(args, fmt);
@@ -102,7 +102,7 @@ int LogManager::writeMyLog(std::string file_name, int, const char* fmt, ...) {
   return result;
 }
 
-int LogManager::writeMyLog(std::string file_name, const char* fmt, ...) {
+int LogManager::writeMyLog(const std::string& file_name, const char* fmt, ...) {
   FILE* p_f = streamFor(file_name);
   va_list args;
   va_start(args, fmt);

@@ -49,8 +49,8 @@ class LogManager : public Manager {
   int writeLog(int log_level, const char* fmt, ...) OT_PRINTF_FORMAT(3, 4);
   // The same line, in the named file, opened on first use. Both forms always
   // write: the level isn't looked at.
-  int writeMyLog(std::string file_name, int log_level, const char* fmt, ...) OT_PRINTF_FORMAT(4, 5);
-  int writeMyLog(std::string file_name, const char* fmt, ...) OT_PRINTF_FORMAT(3, 4);
+  int writeMyLog(const std::string& file_name, int log_level, const char* fmt, ...) OT_PRINTF_FORMAT(4, 5);
+  int writeMyLog(const std::string& file_name, const char* fmt, ...) OT_PRINTF_FORMAT(3, 4);
 
   // With flushing on, each line is in the file when the call returns; what
   // was written before is flushed at once.

@@ -7,13 +7,14 @@
 
 namespace ot {
 
-bool Manager::isValid(std::string) const { return false; }
+bool Manager::isValid(const std::string& /*event_type*/) const { return false; }
 
 Manager::~Manager() { m_is_started = false; }
 
 int Manager::startUp() {
   if (m_is_started) {
-    LogManager::getInstance().writeLog(LOG_INFO, "Manager::startUp(): Warning! %s already started.", m_type.c_str());
+    LogManager::getInstance().writeLog(LOG_INFO, "Manager::startUp(): Warning! %s already started.",
+                                       m_type.c_str());
   }
   m_is_started = true;
   return 0;
@@ -21,7 +22,8 @@ int Manager::startUp() {
 
 bool Manager::refuseSecondStart() const {
   if (!m_is_started) return false;
-  LogManager::getInstance().writeLog("%s::startup(): Warning! %s already started.", m_type.c_str(), m_type.c_str());
+  LogManager::getInstance().writeLog("%s::startup(): Warning! %s already started.", m_type.c_str(),
+                                     m_type.c_str());
   return true;
 }
 
@@ -33,7 +35,8 @@ bool Manager::refuseUntilStarted() const {
 
 void Manager::shutDown() {
   if (!m_is_started) {
-    LogManager::getInstance().writeLog(LOG_INFO, "Manager::shutDown(): Warning! %s not started.", m_type.c_str());
+    LogManager::getInstance().writeLog(LOG_INFO, "Manager::shutDown(): Warning! %s not started.",
+                                       m_type.c_str());
   }
   m_is_started = false;
 }
@@ -47,7 +50,8 @@ int Manager::onEvent(const Event* p_event) const {
     return 0;
   }
   if (!isValid(type)) {
-    log.writeLog(LOG_INFO, "Manager(%s)::onEvent(): Error! Event type %s not valid.", m_type.c_str(), type.c_str());
+    log.writeLog(LOG_INFO, "Manager(%s)::onEvent(): Error! Event type %s not valid.", m_type.c_str(),
+                 type.c_str());
     return 0;
   }
   int count = 0;
@@ -63,7 +67,7 @@ int Manager::onEvent(const Event* p_event) const {
   return count;
 }
 
-int Manager::registerInterest(Object* p_o, std::string event_type) {
+int Manager::registerInterest(Object* p_o, const std::string& event_type) {
   LogManager& log = LogManager::getInstance();
   if (!isValid(event_type)) {
     log.writeLog("Manager(%s)::registerInterest(): Event '%s' not valid for this Manager", m_type.c_str(),
@@ -74,7 +78,8 @@ int Manager::registerInterest(Object* p_o, std::string event_type) {
     if (m_event[i] != event_type) continue;
     for (ObjectListIterator li(&m_obj_list[i]); !li.isDone(); li.next()) {
       if (li.currentObject() == p_o) {
-        log.writeLog(LOG_INFO, "Manager::registerInterest(): Warning! Not adding id %d (%s) twice for event %s.",
+        log.writeLog(LOG_INFO,
+                     "Manager::registerInterest(): Warning! Not adding id %d (%s) twice for event %s.",
                      p_o->getId(), p_o->getType().c_str(), event_type.c_str());
         return 0;
       }
@@ -89,7 +94,7 @@ int Manager::registerInterest(Object* p_o, std::string event_type) {
   return 0;
 }
 
-int Manager::unregisterInterest(Object* p_o, std::string event_type) {
+int Manager::unregisterInterest(Object* p_o, const std::string& event_type) {
   int row = 0;
   while (row < m_event_count && m_event[row] != event_type) row++;
   if (row == m_event_count) return -1;

@@ -21,7 +21,7 @@ class Manager {
   Manager& operator=(const Manager&) = delete;
 
   // Whether this manager may deliver events of this label.
-  virtual bool isValid(std::string event_type) const;
+  virtual bool isValid(const std::string& event_type) const;
   virtual ~Manager();
   // Sets the started flag; 0.
   virtual int startUp();
@@ -35,9 +35,9 @@ class Manager {
   // Delivers to every active interested object; how many handled it.
   int onEvent(const Event* p_event) const;
   // 0 on success or when already registered; -1 if refused or the table is full.
-  int registerInterest(Object* p_o, std::string event_type);
+  int registerInterest(Object* p_o, const std::string& event_type);
   // -1 if the object wasn't registered for the label.
-  int unregisterInterest(Object* p_o, std::string event_type);
+  int unregisterInterest(Object* p_o, const std::string& event_type);
 
  protected:
   // For a manager's own startUp: true, after the warning every manager writes,

@@ -8,7 +8,9 @@ namespace ot {
 
 ObjectListIterator::ObjectListIterator(const ObjectList* p_list) : m_p_list(p_list) { first(); }
 
-ObjectListIterator& ObjectListIterator::operator=(const ObjectListIterator& other) {
+// Safe on itself: it copies a pointer and starts over.
+ObjectListIterator& ObjectListIterator::operator=(  // NOLINT(bugprone-unhandled-self-assignment)
+    const ObjectListIterator& other) {
   m_p_list = other.m_p_list;
   first();
   return *this;

@@ -156,7 +156,7 @@ int readStringBytes(std::stringstream* p_ss, std::uint64_t length, std::string* 
   return 0;
 }
 
-std::string match(std::string str, std::string find) {
+std::string match(std::string str, const std::string& find) {
   LogManager& log = LogManager::getInstance();
   log.writeLog(LOG_TRACE, "match(\"%s\", \"%s\")", str.c_str(), find.c_str());
 

@@ -60,6 +60,6 @@ int readStringBytes(std::stringstream* p_ss, std::uint64_t length, std::string* 
 // Looks a key up in "key:value,key:value" text. A non-empty str is parsed
 // anew (all white space removed); an empty str searches the last parse.
 // Returns the value, or an empty string when the key is absent or has none.
-std::string match(std::string str, std::string find);
+std::string match(std::string str, const std::string& find);
 
 }  // namespace ot

@@ -309,7 +309,8 @@ int explode(Sprite* sprite, int frame_index, Vector position, int age, float spe
     const int source_row = rows_down ? h - 1 - y : y;
     for (int x = 0; x < w; x++) {
       const int source_column = columns_down ? w - 1 - x : x;
-      const char c = text[static_cast<size_t>(source_row * w + source_column)];
+      const char c =
+          text[static_cast<size_t>(source_row) * static_cast<size_t>(w) + static_cast<size_t>(source_column)];
       if (c == transparency) continue;
       // The age spread divides by age / 4.
       if (age / 4 == 0) {

@@ -36,7 +36,7 @@ NetworkManager& NetworkManager::getInstance() {
   return network_manager;
 }
 
-bool NetworkManager::isValid(std::string event_type) const {
+bool NetworkManager::isValid(const std::string& event_type) const {
   if (event_type == NETWORK_EVENT || event_type == KEYBOARD_NETWORK_EVENT ||
       event_type == MOUSE_NETWORK_EVENT || event_type == NETWORK_CREATE_EVENT ||
       event_type == CUSTOM_NETWORK_EVENT || event_type == NETWORK_DELETE_EVENT ||
@@ -69,11 +69,12 @@ void NetworkManager::shutDown() {
   LogManager::getInstance().writeLog(LOG_DETAIL, "NetworkManager::shutDown(): successfully stopped.");
 }
 
-int NetworkManager::setServer(bool server, std::string port) {
+int NetworkManager::setServer(bool server, const std::string& port) {
   LogManager& log = LogManager::getInstance();
   if (!networkingOn()) {
     log.writeLog(
-        LOG_INFO, "NetworkManager::setServer(): Error! Networking is not enabled in the Ostrel configuration file.");
+        LOG_INFO,
+        "NetworkManager::setServer(): Error! Networking is not enabled in the Ostrel configuration file.");
     return -1;
   }
   if (server && isServer()) return 0;
@@ -141,11 +142,12 @@ int NetworkManager::accept() {
   return i;
 }
 
-int NetworkManager::connect(std::string host, std::string port) {
+int NetworkManager::connect(const std::string& host, const std::string& port) {
   LogManager& log = LogManager::getInstance();
   if (!networkingOn()) {
     log.writeLog(
-        LOG_INFO, "NetworkManager::connect(): Error! Networking is not enabled in the Ostrel configuration file.");
+        LOG_INFO,
+        "NetworkManager::connect(): Error! Networking is not enabled in the Ostrel configuration file.");
     return -1;
   }
   log.writeLog(LOG_INFO, "NetworkManager::connect(): Connecting to %s, port %s.", host.c_str(), port.c_str());
@@ -282,8 +284,9 @@ int NetworkManager::receive(void* buffer, int bytes, bool peek, int sock) {
   }
   // Asking for nothing gets nothing; the system's 0 would read as a close.
   if (bytes == 0) return 0;
-  log.writeLog(LOG_EVENTS, "NetworkManager::receive(): Socket %d (m_sock[] is %d). Calling recv(), bytes %d ...",
-               sock, m_sock[sock], bytes);
+  log.writeLog(LOG_EVENTS,
+               "NetworkManager::receive(): Socket %d (m_sock[] is %d). Calling recv(), bytes %d ...", sock,
+               m_sock[sock], bytes);
   if (m_received[sock].size() < static_cast<size_t>(bytes)) {
     int arrived = platform::bytesWaiting(m_sock[sock]);
     if (arrived > 0) takeArrived(sock, arrived);

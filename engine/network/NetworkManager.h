@@ -45,7 +45,7 @@ class NetworkManager : public Manager {
   static NetworkManager& getInstance();
 
   // The network labels only; others are logged and refused.
-  bool isValid(std::string event_type) const override;
+  bool isValid(const std::string& event_type) const override;
   ~NetworkManager() override = default;
   // -1 if already started, 1 if the socket library won't start.
   int startUp() override;
@@ -54,14 +54,14 @@ class NetworkManager : public Manager {
 
   // Starts (true) or stops (false) listening on a port; "0" lets the system
   // choose one (see getServerPort). -1 with networking off or on failure.
-  int setServer(bool server, std::string port = DEFAULT_PORT);
+  int setServer(bool server, const std::string& port = DEFAULT_PORT);
   bool isServer() const { return m_server_sock != -1; }
   // The port the listening socket is bound to, or -1 when not a server.
   int getServerPort() const;
   // A new socket's index, -1 if none came or at the limit, -2 when not a server or on error.
   int accept();
   // Connects, blocking: the new socket's index, or -1.
-  int connect(std::string host, std::string port = DEFAULT_PORT);
+  int connect(const std::string& host, const std::string& port = DEFAULT_PORT);
 
   // Sends now, or queues a copy when the socket has a delay; sock -1 means
   // every socket. 0, or below 0 for each send that failed.

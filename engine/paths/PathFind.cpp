@@ -26,7 +26,10 @@ constexpr std::uint8_t ASKED = 0x20;
 constexpr std::uint8_t ASKED_BLOCKED = 0x40;
 constexpr std::uint8_t PICTURE = BARRED | HELD | ASK | ASKED | ASKED_BLOCKED;
 
-int rounded(float v) { return static_cast<int>(static_cast<double>(v) + 0.5); }
+// Half up, and toward zero below it: cells left of 0 round as the searches always have.
+int rounded(float v) {
+  return static_cast<int>(static_cast<double>(v) + 0.5);  // NOLINT(bugprone-incorrect-roundings)
+}
 
 float cellDistance(Coord a, Coord b) {
   long long dx = static_cast<long long>(a.x) - b.x, dy = static_cast<long long>(a.y) - b.y;

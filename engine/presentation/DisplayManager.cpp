@@ -176,7 +176,10 @@ int DisplayManager::drawString(Vector world_pos, std::string str, Justification 
   if (Config::getInstance().getHeadless()) return -1;
   Vector starting_pos = world_pos;
   int length = static_cast<int>(str.size());
-  if (just == CENTER_JUSTIFIED) starting_pos.setX(world_pos.getX() - static_cast<float>(length / 2));
+  // Whole cells: an odd length leans one cell right.
+  if (just == CENTER_JUSTIFIED)
+    starting_pos.setX(world_pos.getX() -
+                      static_cast<float>(length / 2));  // NOLINT(bugprone-integer-division)
   if (just == RIGHT_JUSTIFIED) starting_pos.setX(world_pos.getX() - static_cast<float>(length));
   for (int i = 0; i < length; i++) {
     drawCh(Vector(starting_pos.getX() + static_cast<float>(i), starting_pos.getY()), str[i], color, 0);
@@ -202,7 +205,7 @@ int DisplayManager::swapBuffers() {
   return 0;
 }
 
-int DisplayManager::saveScreenshot(std::string filename) const {
+int DisplayManager::saveScreenshot(const std::string& filename) const {
   const sf::RenderWindow* p_window = m_p_canvas->p_window.get();
   if (!p_window) return -1;
   flushCells();
@@ -316,8 +319,8 @@ void DisplayManager::Canvas::recordCell(char ch, sf::Color color) {
   quad(rectangle.getPosition(), 0, 0, size.x, size.y, rectangle.getFillColor(), {1, 1}, {1, 1});
   const CellGlyph& glyph = cellGlyph(ch);
   if (glyph.has_quad) {
-    quad(text.getPosition(), glyph.left, glyph.top, glyph.right, glyph.bottom, color,
-         {glyph.u1, glyph.v1}, {glyph.u2, glyph.v2});
+    quad(text.getPosition(), glyph.left, glyph.top, glyph.right, glyph.bottom, color, {glyph.u1, glyph.v1},
+         {glyph.u2, glyph.v2});
   }
 }
 
@@ -350,7 +353,8 @@ float charWidth() {
 
 Vector spacesToPixels(Vector spaces) {
   Vector pixels(spaces.getX() * charWidth(), spaces.getY() * charHeight());
-  LogManager::getInstance().writeLog(LOG_PIXELS, "spacesToPixels(int): spaces (%.2f,%.2f) = pixels (%.2f,%.2f)",
+  LogManager::getInstance().writeLog(LOG_PIXELS,
+                                     "spacesToPixels(int): spaces (%.2f,%.2f) = pixels (%.2f,%.2f)",
                                      spaces.getX(), spaces.getY(), pixels.getX(), pixels.getY());
   return pixels;
 }
@@ -425,7 +429,9 @@ void colorToRGB(Color color, unsigned char& r, unsigned char& g, unsigned char& 
       b = 255;
       return;
     case CUSTOM: return;  // the caller's channels stand
-    default: LogManager::getInstance().writeLog(LOG_DETAIL, "colorToRGB(): Color %d not supported.", color); return;
+    default:
+      LogManager::getInstance().writeLog(LOG_DETAIL, "colorToRGB(): Color %d not supported.", color);
+      return;
   }
 }
 

@@ -66,7 +66,7 @@ class DisplayManager : public Manager {
   int getVerticalPixels() const { return m_window_vertical_pixels; }
   // Saves what has been drawn since the last swap as an image file (its
   // format by the name's ending); -1 without a window or when it can't be written.
-  int saveScreenshot(std::string filename) const;
+  int saveScreenshot(const std::string& filename) const;
   // Null when headless or not started. Draws the characters recorded so far
   // first, so that whatever the caller then draws or reads comes after them,
   // as if every character had been drawn at once: fetch it anew for each use
@@ -98,8 +98,8 @@ class DisplayManager : public Manager {
   int m_window_vertical_pixels = 0;
   int m_window_horizontal_chars = 0;
   int m_window_vertical_chars = 0;
-  int m_shake_duration = 0;  // frames left
-  int m_shake_severity_x = 0;    // pixels
+  int m_shake_duration = 0;    // frames left
+  int m_shake_severity_x = 0;  // pixels
   int m_shake_severity_y = 0;
   int m_shake_offset_x = 0;
   int m_shake_offset_y = 0;

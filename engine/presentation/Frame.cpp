@@ -12,7 +12,8 @@ char Frame::getChar(int x, int y, Transform transform) const {
   // Mirroring moves characters and doesn't replace them: a slash stays a slash.
   int source_row = (transform == VERTICAL || transform == BOTH) ? m_height - 1 - y : y;
   int source_col = (transform == HORIZONTAL || transform == BOTH) ? m_width - 1 - x : x;
-  return m_frame_str[static_cast<size_t>(source_row * m_width + source_col)];
+  return m_frame_str[static_cast<size_t>(source_row) * static_cast<size_t>(m_width) +
+                     static_cast<size_t>(source_col)];
 }
 
 int Frame::draw(Vector position, Color color, char transparency, Transform transform) const {

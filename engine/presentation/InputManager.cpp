@@ -193,7 +193,7 @@ InputManager& InputManager::getInstance() {
   return input_manager;
 }
 
-bool InputManager::isValid(std::string event_type) const {
+bool InputManager::isValid(const std::string& event_type) const {
   return event_type == KEYBOARD_EVENT || event_type == MOUSE_EVENT;
 }
 
@@ -306,7 +306,8 @@ EventKeyboard toEventKeyboard(const sf::Event& event) {
   if (p_entry) {
     keyboard.setKey(p_entry->key);
   } else {
-    log.writeLog(LOG_INFO, "InputManager::toEventKeyboard(): Warning key '%s' not handled.", description.c_str());
+    log.writeLog(LOG_INFO, "InputManager::toEventKeyboard(): Warning key '%s' not handled.",
+                 description.c_str());
     keyboard.setKey(Keyboard::UNDEFINED_KEY);
   }
   log.writeLog(LOG_EVENTS, "InputManager::toEventKeyboard(): Keyboard event '%s' (%s)",

@@ -129,7 +129,7 @@ class InputManager : public Manager {
   static InputManager& getInstance();
 
   // "ot-keyboard" and "ot-mouse" only.
-  bool isValid(std::string event_type) const override;
+  bool isValid(const std::string& event_type) const override;
   ~InputManager() override = default;
   // -1 when the display isn't started (unless headless).
   int startUp() override;

@@ -17,7 +17,7 @@ Music::~Music() {
   sf::err().rdbuf(p_previous);
 }
 
-int Music::loadMusic(std::string filename) {
+int Music::loadMusic(const std::string& filename) {
   AudioOutput& output = AudioOutput::getInstance();
   output.open();
   // SFML says why in the log; the ResourceManager logs the failure.

@@ -21,7 +21,7 @@ class Music {
 
   // Opens the file for streaming; -1 when SFML can't open it. Without a
   // working device the file is only checked, and the music never plays.
-  int loadMusic(std::string filename);
+  int loadMusic(const std::string& filename);
   std::string getLabel() const { return m_label; }
   void setLabel(std::string label) { m_label = std::move(label); }
 

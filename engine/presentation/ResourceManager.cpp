@@ -49,13 +49,13 @@ void ResourceManager::shutDown() {
 int ResourceManager::unloadSprite(std::string label) {
   if (refuseUntilStarted()) return -1;
   auto found = std::find_if(m_sprite.begin(), m_sprite.end(),
-                           [&](const std::unique_ptr<Sprite>& p_s) { return p_s->getLabel() == label; });
+                            [&](const std::unique_ptr<Sprite>& p_s) { return p_s->getLabel() == label; });
   if (found == m_sprite.end()) return -1;
   m_sprite.erase(found);
   return 0;
 }
 
-Sprite* ResourceManager::getSprite(std::string label) const {
+Sprite* ResourceManager::getSprite(const std::string& label) const {
   LogManager& log = LogManager::getInstance();
   log.writeLog(LOG_DETAIL, "RM::getSprite(): Looking for sprite '%s'.", label.c_str());
   for (const std::unique_ptr<Sprite>& p_sprite : m_sprite) {
@@ -65,7 +65,7 @@ Sprite* ResourceManager::getSprite(std::string label) const {
   return nullptr;
 }
 
-int ResourceManager::loadSound(std::string filename, std::string label) {
+int ResourceManager::loadSound(const std::string& filename, const std::string& label) {
   LogManager& log = LogManager::getInstance();
   if (refuseUntilStarted()) return -1;
   if (m_sound_count == MAX_SOUNDS) {
@@ -82,7 +82,7 @@ int ResourceManager::loadSound(std::string filename, std::string label) {
   return 0;
 }
 
-int ResourceManager::unloadSound(std::string label) {
+int ResourceManager::unloadSound(const std::string& label) {
   if (refuseUntilStarted()) return -1;
   for (int i = 0; i < m_sound_count; i++) {
     if (m_sound[i].getLabel() != label) continue;
@@ -94,7 +94,7 @@ int ResourceManager::unloadSound(std::string label) {
   return -1;
 }
 
-Sound* ResourceManager::getSound(std::string label) {
+Sound* ResourceManager::getSound(const std::string& label) {
   LogManager& log = LogManager::getInstance();
   log.writeLog(LOG_DETAIL, "RM::getSound(): Looking for sound '%s'.", label.c_str());
   for (int i = 0; i < m_sound_count; i++) {
@@ -104,7 +104,7 @@ Sound* ResourceManager::getSound(std::string label) {
   return nullptr;
 }
 
-int ResourceManager::loadMusic(std::string filename, std::string label) {
+int ResourceManager::loadMusic(const std::string& filename, const std::string& label) {
   LogManager& log = LogManager::getInstance();
   if (refuseUntilStarted()) return -1;
   if (m_music_count == MAX_MUSICS) {
@@ -126,7 +126,7 @@ int ResourceManager::loadMusic(std::string filename, std::string label) {
   return 0;
 }
 
-int ResourceManager::unloadMusic(std::string label) {
+int ResourceManager::unloadMusic(const std::string& label) {
   if (refuseUntilStarted()) return -1;
   for (int i = 0; i < m_music_count; i++) {
     if (m_music[i].getLabel() != label) continue;
@@ -137,7 +137,7 @@ int ResourceManager::unloadMusic(std::string label) {
   return -1;
 }
 
-Music* ResourceManager::getMusic(std::string label) {
+Music* ResourceManager::getMusic(const std::string& label) {
   LogManager& log = LogManager::getInstance();
   log.writeLog(LOG_DETAIL, "RM::getMusic(): Looking for music '%s'.", label.c_str());
   for (int i = 0; i < m_music_count; i++) {

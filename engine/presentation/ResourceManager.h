@@ -41,11 +41,11 @@ class ResourceManager : public Manager {
 
   // Loads a sprite file under a label; -1 (with the reason in the log) when
   // the file can't be read or is malformed.
-  int loadSprite(std::string filename, std::string label);
+  int loadSprite(const std::string& filename, const std::string& label);
   // -1 when no sprite has the label.
   int unloadSprite(std::string label);
   // The first sprite with the label, or null.
-  Sprite* getSprite(std::string label) const;
+  Sprite* getSprite(const std::string& label) const;
 
   // The two formats' readers, from the file's present position and going on
   // with the file-wide line count; a new sprite, or null.
@@ -54,25 +54,25 @@ class ResourceManager : public Manager {
 
   // Loads a sound file under a label; -1 when the table is full or the file
   // can't be read.
-  int loadSound(std::string filename, std::string label);
+  int loadSound(const std::string& filename, const std::string& label);
   // -1 when no sound has the label. Later sounds move down one place.
-  int unloadSound(std::string label);
+  int unloadSound(const std::string& label);
   // The first sound with the label, or null.
-  Sound* getSound(std::string label);
+  Sound* getSound(const std::string& label);
 
   // Opens a music file under a non-empty label; -1 when the table is full,
   // the label empty or the file unreadable.
-  int loadMusic(std::string filename, std::string label);
+  int loadMusic(const std::string& filename, const std::string& label);
   // Blanks the label; the slot stays taken. -1 when no music has the label.
-  int unloadMusic(std::string label);
+  int unloadMusic(const std::string& label);
   // The first music with the label, or null.
-  Music* getMusic(std::string label);
+  Music* getMusic(const std::string& label);
 
  private:
   ResourceManager();
 
   std::vector<std::unique_ptr<Sprite>> m_sprite;  // at most MAX_SPRITES
-  Sound m_sound[MAX_SOUNDS];  // the first m_sound_count in use
+  Sound m_sound[MAX_SOUNDS];                      // the first m_sound_count in use
   int m_sound_count = 0;
   Music m_music[MAX_MUSICS];  // the first m_music_count taken, unloaded ones too
   int m_music_count = 0;
@@ -80,7 +80,7 @@ class ResourceManager : public Manager {
 
 // The sprite readers' helpers, with the file-wide line count they share.
 std::string getLine(std::ifstream& file, bool count);
-std::vector<std::string> readData(std::ifstream& file, std::string tag);
+std::vector<std::string> readData(std::ifstream& file, const std::string& tag);
 int matchLineInt(std::vector<std::string>& data, const char* token);
 std::string matchLineStr(std::vector<std::string>& data, const char* token);
 Frame readFrame(std::vector<std::string>& data, int width, int height, int line_no);

@@ -54,7 +54,7 @@ void dumpFrames(const Sprite* p_sprite, const std::string& label) {
 
 }  // namespace
 
-int ResourceManager::loadSprite(std::string filename, std::string label) {
+int ResourceManager::loadSprite(const std::string& filename, const std::string& label) {
   LogManager& log = LogManager::getInstance();
   if (refuseUntilStarted()) return -1;
   if (static_cast<int>(m_sprite.size()) == MAX_SPRITES) {
@@ -216,7 +216,7 @@ std::unique_ptr<Sprite> ResourceManager::loadSimpleSprite(std::ifstream& file) {
   return p_sprite;
 }
 
-std::vector<std::string> readData(std::ifstream& file, std::string tag) {
+std::vector<std::string> readData(std::ifstream& file, const std::string& tag) {
   LogManager& log = LogManager::getInstance();
   const std::string begin = "<" + tag + ">";
   const std::string end = "</" + tag + ">";
@@ -317,7 +317,8 @@ std::unique_ptr<Sprite> ResourceManager::loadRobustSprite(std::ifstream& file) {
   if (refuseUntilStarted()) return nullptr;
   std::vector<std::string> header = readData(file, "HEADER");
   if (header.empty()) return nullptr;
-  log.writeLog(LOG_LINES, "ResourceManager::loadRobustSprite(): After header, line number: '%d'", line_number);
+  log.writeLog(LOG_LINES, "ResourceManager::loadRobustSprite(): After header, line number: '%d'",
+               line_number);
   // Matching erases lines, so their places in the file are taken now.
   const std::vector<std::string> header_lines = header;
   const int header_start = line_number - static_cast<int>(header.size());

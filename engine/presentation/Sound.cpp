@@ -50,7 +50,7 @@ Sound::~Sound() {
   delete m_p_sound;
 }
 
-int Sound::loadSound(std::string filename) {
+int Sound::loadSound(const std::string& filename) {
   AudioOutput& output = AudioOutput::getInstance();
   output.open();
   // Without a working device the file is only read, so that a bad one is still refused.

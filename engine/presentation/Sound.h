@@ -23,7 +23,7 @@ class Sound {
 
   // Reads the file into the buffer, reusing buffer and player on a reload;
   // -1 when SFML can't read it, with the sound loaded before left as it was.
-  int loadSound(std::string filename);
+  int loadSound(const std::string& filename);
   std::string getLabel() const { return m_label; }
   void setLabel(std::string label) { m_label = std::move(label); }
 

@@ -1,6 +1,7 @@
 #include "engine/presentation/Sprite.h"
 
 #include <new>
+#include <utility>
 
 #include "engine/core/LogManager.h"
 #include "engine/core/Utility.h"
@@ -21,7 +22,7 @@ Sprite::~Sprite() { delete[] m_frame; }
 
 int Sprite::addFrame(Frame frame) {
   if (m_frame_count == m_max_frame_count) return -1;
-  m_frame[m_frame_count++] = frame;
+  m_frame[m_frame_count++] = std::move(frame);
   return 0;
 }
 

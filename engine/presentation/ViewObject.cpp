@@ -66,7 +66,8 @@ int ViewObject::draw() {
   std::string line(static_cast<size_t>(n), '-');
   result += display.drawString(Vector(p.getX(), p.getY() - 1), line, CENTER_JUSTIFIED, m_color);
   result += display.drawString(Vector(p.getX(), p.getY() + 1), line, CENTER_JUSTIFIED, m_color);
-  float left = p.getX() - static_cast<float>(n / 2) - 1;
+  // Whole cells, as drawString centres the text.
+  float left = p.getX() - static_cast<float>(n / 2) - 1;  // NOLINT(bugprone-integer-division)
   result += display.drawCh(Vector(left, p.getY()), '|', m_color, 0);
   result += display.drawCh(Vector(left + static_cast<float>(n) + 1, p.getY()), '|', m_color, 0);
   return result;

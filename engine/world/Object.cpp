@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <new>
+#include <utility>
 
 #include "engine/core/EventPath.h"
 #include "engine/core/GameManager.h"
@@ -72,7 +73,7 @@ void Object::setId(int id) {
   m_modified |= ID;
 }
 
-void Object::setType(std::string type) {
+void Object::setType(const std::string& type) {
   WorldManager::getInstance().getSceneGraph().updateType(this, type);
   m_type = type;
   m_modified |= TYPE;
@@ -162,7 +163,7 @@ void Object::setBox(Box box) {
   m_modified |= BOX;
 }
 
-int Object::setSprite(std::string sprite_label) {
+int Object::setSprite(const std::string& sprite_label) {
   Sprite* p_sprite = ResourceManager::getInstance().getSprite(sprite_label);
   if (!p_sprite) {
     LogManager::getInstance().writeLog("Object::setSprite(): Warning! Sprite '%s' not found",
@@ -176,7 +177,7 @@ int Object::setSprite(std::string sprite_label) {
 }
 
 void Object::setAnimation(Animation animation, bool set_box) {
-  m_animation = animation;
+  m_animation = std::move(animation);
   m_modified |= ANIMATION;
   if (set_box) setBox(m_animation.getBox());
 }
@@ -219,11 +220,11 @@ Vector Object::predictPosition() const { return m_position + getVelocity(); }
 bool Object::isSolid() const { return m_solidness == HARD || m_solidness == SOFT; }
 
 void Object::setPath(Path path) {
-  m_path = path;
+  m_path = std::move(path);
   m_modified |= PATH;
 }
 
-int Object::registerInterest(std::string event_type) {
+int Object::registerInterest(const std::string& event_type) {
   if (getEventCount() == MAX_OBJ_EVENTS) {
     LogManager::getInstance().writeLog(
         "Object::registerInterest(): maximum (%d) reached, cannot register for event '%s'", MAX_OBJ_EVENTS,
@@ -237,7 +238,7 @@ int Object::registerInterest(std::string event_type) {
   return 0;
 }
 
-int Object::unregisterInterest(std::string event_type) {
+int Object::unregisterInterest(const std::string& event_type) {
   auto found = std::find(m_event_name.begin(), m_event_name.end(), event_type);
   if (found == m_event_name.end()) {
     LogManager::getInstance().writeLog("Object::unregisterInterest(): event '%s' not previously registered",
@@ -340,8 +341,9 @@ bool Object::operator==(const Object& other) const {
       m_direction != other.m_direction || !(m_speed == other.m_speed) ||
       m_acceleration != other.m_acceleration || m_altitude != other.m_altitude ||
       m_solidness != other.m_solidness || m_animation != other.m_animation || m_no_soft != other.m_no_soft ||
-      m_event_name.size() != other.m_event_name.size() || m_shape != other.m_shape || m_path != other.m_path ||
-      m_follow_path != other.m_follow_path || m_avoid_collisions != other.m_avoid_collisions)
+      m_event_name.size() != other.m_event_name.size() || m_shape != other.m_shape ||
+      m_path != other.m_path || m_follow_path != other.m_follow_path ||
+      m_avoid_collisions != other.m_avoid_collisions)
     return false;
   for (size_t i = 0; i < m_event_name.size(); i++) {
     if (m_event_name[i] != other.m_event_name[i]) return false;

@@ -55,7 +55,7 @@ class Object {
 
   // Unregisters every interest, drops a running path find, leaves the world.
   virtual ~Object();
-  virtual void setType(std::string type);
+  virtual void setType(const std::string& type);
   // Places the object with no collision test; WorldManager::moveObject is the
   // way to move with one. 0.
   virtual int setPosition(Vector position);
@@ -76,7 +76,7 @@ class Object {
   // Re-enters the scene graph, since the grid cells depend on the box.
   virtual void setBox(Box box);
   // Takes the sprite of that label from the ResourceManager; -1 if there is none.
-  virtual int setSprite(std::string sprite_label);
+  virtual int setSprite(const std::string& sprite_label);
   virtual void setAnimation(Animation animation, bool set_box = true);
   // Draws the animation, then the shape if it has one; the animation's result.
   virtual int draw();
@@ -122,9 +122,9 @@ class Object {
   bool getAvoidCollisions() const { return m_avoid_collisions; }
 
   // -1 when the object has 100 interests or the manager refuses the label.
-  int registerInterest(std::string event_type);
+  int registerInterest(const std::string& event_type);
   // -1 when the object has no such interest or the manager can't remove it.
-  int unregisterInterest(std::string event_type);
+  int unregisterInterest(const std::string& event_type);
 
   // Starts a path search to a position, replacing any running one.
   void pathTo(Vector target);

@@ -109,7 +109,7 @@ ObjectList SceneGraph::visibleObjects(int altitude) const {
   return m_visible_objects[altitude];
 }
 
-ObjectList SceneGraph::objectsOfType(std::string type) const { return m_type_map[type]; }
+ObjectList SceneGraph::objectsOfType(const std::string& type) const { return m_type_map[type]; }
 
 ObjectList SceneGraph::getCollisions(Object* p_o, Vector where) const {
   return m_grid.getCollisions(p_o, where);
@@ -244,7 +244,7 @@ int SceneGraph::updateSolidness(Object* p_o, Solidness new_solidness) {
   return 0;
 }
 
-int SceneGraph::updateType(Object* p_o, std::string new_type) {
+int SceneGraph::updateType(Object* p_o, const std::string& new_type) {
   // Unlike its siblings, this one doesn't look at isActive().
   LogManager& log = LogManager::getInstance();
   std::string old_type = p_o->getType();

@@ -38,7 +38,7 @@ class SceneGraph {
   // The visible objects at one altitude; empty, with a warning, outside 0 to 4.
   ObjectList visibleObjects(int altitude) const;
   // The active objects of a type. An unknown type leaves an empty entry behind.
-  ObjectList objectsOfType(std::string type) const;
+  ObjectList objectsOfType(const std::string& type) const;
   ObjectList getCollisions(Object* p_o, Vector where) const;
   Grid* getGrid() { return &m_grid; }
 
@@ -46,7 +46,7 @@ class SceneGraph {
   int updateAltitude(Object* p_o, int new_altitude);
   int updatePosition(Object* p_o, Vector where);
   int updateSolidness(Object* p_o, Solidness new_solidness);
-  int updateType(Object* p_o, std::string new_type);
+  int updateType(Object* p_o, const std::string& new_type);
   int updateVisible(Object* p_o, bool visible);
 
  private:

@@ -1,5 +1,7 @@
 #include "engine/world/WorldManager.h"
 
+#include <utility>
+
 #include "engine/core/EventLabels.h"
 #include "engine/core/LogManager.h"
 #include "engine/core/ObjectListIterator.h"
@@ -16,7 +18,7 @@ WorldManager& WorldManager::getInstance() {
   return world_manager;
 }
 
-bool WorldManager::isValid(std::string event_type) const {
+bool WorldManager::isValid(const std::string& event_type) const {
   LogManager& log = LogManager::getInstance();
   if (event_type == KEYBOARD_EVENT || event_type == MOUSE_EVENT || event_type == STEP_EVENT) {
     log.writeLog("WorldManager::isValid(): WorldManager does not handle %s", event_type.c_str());
@@ -106,7 +108,9 @@ ObjectList WorldManager::objectsOnLine(Line line) const {
   return activeObjectsWhere([&](const Box& world_box) { return lineIntersectsBox(line, world_box); });
 }
 
-ObjectList WorldManager::objectsOfType(std::string type) const { return m_scene_graph.objectsOfType(type); }
+ObjectList WorldManager::objectsOfType(const std::string& type) const {
+  return m_scene_graph.objectsOfType(type);
+}
 
 ObjectList WorldManager::getCollisions(Object* p_o, Vector where) const {
   return m_scene_graph.getCollisions(p_o, where);
@@ -125,7 +129,7 @@ int WorldManager::markForDelete(Object* p_o) {
   return 0;
 }
 
-int WorldManager::markForDelete(ObjectList list) {
+int WorldManager::markForDelete(const ObjectList& list) {
   int result = 0;
   for (ObjectListIterator it(&list); !it.isDone(); it.next()) {
     if (markForDelete(it.currentObject()) == -1) result = -1;

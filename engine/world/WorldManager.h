@@ -24,7 +24,7 @@ class WorldManager : public Manager {
   static WorldManager& getInstance();
 
   // Accepts any label but the input, step, out and collision ones.
-  bool isValid(std::string event_type) const override;
+  bool isValid(const std::string& event_type) const override;
   int startUp() override;
   // Deletes every object.
   void shutDown() override;
@@ -42,12 +42,12 @@ class WorldManager : public Manager {
   ObjectList objectsInBox(Box box) const;
   ObjectList objectsInCircle(Circle circle) const;
   ObjectList objectsOnLine(Line line) const;
-  ObjectList objectsOfType(std::string type) const;
+  ObjectList objectsOfType(const std::string& type) const;
   ObjectList getCollisions(Object* p_o, Vector where) const;
 
   // Deletes at the end of this frame's update; marking twice deletes once.
   int markForDelete(Object* p_o);
-  int markForDelete(ObjectList list);
+  int markForDelete(const ObjectList& list);
 
   // Moves every moving object, walks paths, applies acceleration, then deletes.
   void update();
