@@ -1,12 +1,15 @@
 #include "engine/presentation/Music.h"
 
 #include <SFML/Audio/InputSoundFile.hpp>
+#include <SFML/Audio/Music.hpp>
 #include <SFML/System/Err.hpp>
 
 #include "engine/core/LogManager.h"
 #include "engine/presentation/AudioOutput.h"
 
 namespace ot {
+
+Music::Music() = default;
 
 Music::~Music() {
   if (!m_deviceless) return;

@@ -4,7 +4,9 @@
 #include <string>
 #include <utility>
 
-#include <SFML/Audio/Music.hpp>
+namespace sf {
+class Music;
+}  // namespace sf
 
 namespace ot {
 
@@ -14,7 +16,7 @@ namespace ot {
 // opens the audio output; until then a Music is only a label.
 class Music {
  public:
-  Music() = default;
+  Music();
   ~Music();
   Music(const Music&) = delete;
   Music& operator=(const Music&) = delete;

@@ -3,16 +3,20 @@
 #include <new>
 
 #include <SFML/Audio/InputSoundFile.hpp>
+#include <SFML/Audio/Sound.hpp>
+#include <SFML/Audio/SoundBuffer.hpp>
 
 #include "engine/core/LogManager.h"
 #include "engine/presentation/AudioOutput.h"
 
 namespace ot {
 
+Sound::Sound() = default;
+
 Sound::Sound(const Sound& other) : m_label(other.m_label) {
   if (other.m_p_sound_buffer) m_p_sound_buffer = std::make_unique<sf::SoundBuffer>(*other.m_p_sound_buffer);
   if (other.m_p_sound) {
-    m_p_sound = new (std::nothrow) sf::Sound(*other.m_p_sound);
+    m_p_sound.reset(new (std::nothrow) sf::Sound(*other.m_p_sound));
     if (m_p_sound) m_p_sound->setBuffer(*m_p_sound_buffer);
   }
 }
@@ -21,8 +25,7 @@ Sound& Sound::operator=(const Sound& other) {
   if (this == &other) return *this;
   m_label = other.m_label;
   if (!other.m_p_sound_buffer) {
-    delete m_p_sound;
-    m_p_sound = nullptr;
+    m_p_sound.reset();
     m_p_sound_buffer.reset();
     return *this;
   }
@@ -33,22 +36,18 @@ Sound& Sound::operator=(const Sound& other) {
   else
     m_p_sound_buffer = std::make_unique<sf::SoundBuffer>(*other.m_p_sound_buffer);
   if (!other.m_p_sound) {
-    delete m_p_sound;
-    m_p_sound = nullptr;
+    m_p_sound.reset();
     return *this;
   }
   if (m_p_sound)
     *m_p_sound = *other.m_p_sound;  // takes the other's volume, pitch and the like
   else
-    m_p_sound = new (std::nothrow) sf::Sound(*other.m_p_sound);
+    m_p_sound.reset(new (std::nothrow) sf::Sound(*other.m_p_sound));
   if (m_p_sound) m_p_sound->setBuffer(*m_p_sound_buffer);
   return *this;
 }
 
-Sound::~Sound() {
-  // The player goes before the buffer it plays.
-  delete m_p_sound;
-}
+Sound::~Sound() = default;
 
 int Sound::loadSound(const std::string& filename) {
   AudioOutput& output = AudioOutput::getInstance();
@@ -61,7 +60,7 @@ int Sound::loadSound(const std::string& filename) {
     m_p_sound->setBuffer(*m_p_sound_buffer);
     return 0;
   }
-  m_p_sound = new (std::nothrow) sf::Sound(*m_p_sound_buffer);
+  m_p_sound.reset(new (std::nothrow) sf::Sound(*m_p_sound_buffer));
   if (!m_p_sound) {
     LogManager::getInstance().writeLog("Sound::loadSound(): Error! Cannot allocate m_p_sound.");
     return -1;

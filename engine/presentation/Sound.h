@@ -4,8 +4,10 @@
 #include <string>
 #include <utility>
 
-#include <SFML/Audio/Sound.hpp>
-#include <SFML/Audio/SoundBuffer.hpp>
+namespace sf {
+class Sound;
+class SoundBuffer;
+}  // namespace sf
 
 namespace ot {
 
@@ -16,7 +18,7 @@ namespace ot {
 // moved down the table by assignment.
 class Sound {
  public:
-  Sound() = default;
+  Sound();
   Sound(const Sound& other);
   Sound& operator=(const Sound& other);
   ~Sound();
@@ -36,8 +38,8 @@ class Sound {
   sf::Sound getSound() const;
 
  private:
-  sf::Sound* m_p_sound = nullptr;                     // owned; plays *m_p_sound_buffer
   std::unique_ptr<sf::SoundBuffer> m_p_sound_buffer;  // made by the first load
+  std::unique_ptr<sf::Sound> m_p_sound;               // plays *m_p_sound_buffer, so goes first
   std::string m_label = "[Undefined]";
 };
 

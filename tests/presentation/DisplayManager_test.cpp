@@ -1,5 +1,7 @@
 #include "engine/presentation/DisplayManager.h"
 
+#include <SFML/Graphics/Color.hpp>
+
 #include "engine/core/Config.h"
 #include "tests/support/HeadlessEngine.h"
 

@@ -1,5 +1,6 @@
 #include "engine/presentation/InputManager.h"
 
+#include <SFML/Graphics/RenderWindow.hpp>
 #include <cstdlib>
 #include <tuple>
 

@@ -1,5 +1,6 @@
 #include "engine/presentation/Music.h"
 
+#include <SFML/Audio.hpp>
 #include <string>
 #include <vector>
 

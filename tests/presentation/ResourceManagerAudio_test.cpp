@@ -1,6 +1,7 @@
 // The sound and music tables of the ResourceManager; its sprite files are
 // tested in ResourceManager_test.cpp.
 
+#include <SFML/Audio.hpp>
 #include <functional>
 #include <string>
 #include <tuple>

@@ -1,5 +1,6 @@
 #include "engine/presentation/Sound.h"
 
+#include <SFML/Audio.hpp>
 #include <string>
 #include <tuple>
 
