@@ -51,7 +51,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, EnemyKind,
 // Type, level, and the hit points and damage it gives.
 class EnemyLevel : public EnemyTest, public ::testing::WithParamInterface<std::tuple<int, int, int, int>> {};
 
-TEST_P(EnemyLevel, EachLevelAddsHalfTheBaseHitPointsRoundedUpAndOneDamage) {
+TEST_P(EnemyLevel, EachLevelAddsHalfTheBaseHitPoints) {
   auto [type, level, max_hp, damage] = GetParam();
   makeLevel();
   auto* p_enemy = new Enemy(type, 5, 5);
@@ -70,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(Levels, EnemyLevel,
                                            std::make_tuple(1, 1, 3, 2), std::make_tuple(2, 3, 20, 6),
                                            std::make_tuple(2, 0, 8, 3)));
 
-TEST_F(EnemyTest, ALevelRiseKeepsTheDamageTakenAndLevelsNeverFall) {
+TEST_F(EnemyTest, ALevelRiseKeepsTheDamageTaken) {
   makeLevel();
   auto* p_slime = new Enemy(0, 5, 5);
   p_slime->takeDamage(1);
@@ -125,7 +125,7 @@ TEST_F(EnemyTest, ABlockedBlowStunsItForThirtyStepsThenItsBeatGoesOn) {
   EXPECT_EQ(9, p_hero->getHp());
 }
 
-TEST_F(EnemyTest, ChasesAlongTheLongerAxisAndTakesTheOtherWhenBlocked) {
+TEST_F(EnemyTest, ChasesAlongTheLongerAxis) {
   makeHero();  // at (3,2)
   int steps = 0;
   Enemy* p_far = enemyActingAfter(0, 7, 3, steps);

@@ -55,7 +55,7 @@ TEST_F(FloorsTest, StairsWorkOnlyFromTheStairsTile) {
   EXPECT_EQ(23, countOf("Enemy"));
 }
 
-TEST_F(FloorsTest, AFirstVisitSpawnsTheNewFloorAndAReturnFindsTheOldAsItWasLeft) {
+TEST_F(FloorsTest, AReturnFindsAFloorAsItWasLeft) {
   createHud();
   firstEnemy()->takeDamage(1);
   std::vector<EnemyState> floor_one = livingEnemies();
@@ -90,7 +90,7 @@ TEST_F(FloorsTest, AStashedEnemyComesBackAtThePresentLevelLessItsDamage) {
   EXPECT_EQ((std::vector<EnemyState>{{0, 10, 3, 3}, {0, 12, 3, 5}}), livingEnemies());
 }
 
-TEST_F(FloorsTest, SavingTakesEnemiesOutWithoutRewardAndRemoveAllOfTypeMarksThemAll) {
+TEST_F(FloorsTest, SavingTakesEnemiesOutWithoutReward) {
   saveEnemies(0);
   EXPECT_EQ(23u, g_floor_stash[0].size());
   EXPECT_EQ(0, p_hero->getGold());

@@ -29,7 +29,7 @@ class GridEntityTest : public ot_test::GameWorld {
   }
 };
 
-TEST_F(GridEntityTest, StepsOntoFreeFloorAndJumpsToTheTileCentre) {
+TEST_F(GridEntityTest, StepsOntoTheNextTileCentre) {
   auto* p_unit = new Dummy(3, 2, 5);
   EXPECT_EQ(ot::SOFT, p_unit->getSolidness());
   EXPECT_EQ(Level::tileCenter(3, 2), p_unit->getPosition());
@@ -38,7 +38,7 @@ TEST_F(GridEntityTest, StepsOntoFreeFloorAndJumpsToTheTileCentre) {
   EXPECT_EQ(Level::tileCenter(4, 2), p_unit->getPosition());
 }
 
-TEST_F(GridEntityTest, WallsClosedDoorsAndLivingCreaturesBlockAStep) {
+TEST_F(GridEntityTest, ObstaclesBlockAStep) {
   auto* p_unit = new Dummy(1, 1, 5);
   EXPECT_FALSE(p_unit->tryMove(-1, 0));  // wall
   auto* p_door_side = new Dummy(34, 15, 5);
@@ -63,7 +63,7 @@ TEST_F(GridEntityTest, UnitAtFindsOnlyLivingCreaturesOtherThanTheSkipped) {
   EXPECT_EQ(nullptr, unitAt(5, 5, nullptr));
 }
 
-TEST_F(GridEntityTest, DamageKillsOnceAndNeverLeavesHitPointsBelowZero) {
+TEST_F(GridEntityTest, DamageKillsOnce) {
   auto* p_unit = new Dummy(5, 5, 3);
   EXPECT_FALSE(p_unit->takeDamage(0));
   EXPECT_EQ(3, p_unit->getHp());
@@ -77,7 +77,7 @@ TEST_F(GridEntityTest, DamageKillsOnceAndNeverLeavesHitPointsBelowZero) {
   EXPECT_EQ(0, ot::WorldManager::getInstance().objectsOfType("(Undefined)").getCount());
 }
 
-TEST_F(GridEntityTest, HealStopsAtTheMaximumAndALowerMaximumLowersHitPoints) {
+TEST_F(GridEntityTest, HitPointsStayWithinTheMaximum) {
   auto* p_unit = new Dummy(5, 5, 6);
   p_unit->heal(3);
   EXPECT_EQ(6, p_unit->getHp());

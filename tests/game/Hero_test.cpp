@@ -31,7 +31,7 @@ class HeroTest : public ot_test::GameWorld {
   Hero* p_hero = nullptr;
 };
 
-TEST_F(HeroTest, StartsOnTheStartTileWithTenHitPointsAndTheViewFollowing) {
+TEST_F(HeroTest, StartsOnTheStartTile) {
   EXPECT_EQ(3, p_hero->getGx());
   EXPECT_EQ(2, p_hero->getGy());
   EXPECT_EQ(10, p_hero->getHp());
@@ -64,7 +64,7 @@ TEST_F(HeroTest, ABlockedStepCostsNoCooldownSoTurningMovesAtOnce) {
   EXPECT_EQ(2, p_hero->getGx());
 }
 
-TEST_F(HeroTest, BlockLastsTenStepsAndComesBackAfterTwentyFive) {
+TEST_F(HeroTest, BlockLastsTenSteps) {
   key(K::LEFTSHIFT, ot::KEY_PRESSED);
   EXPECT_TRUE(p_hero->isBlocking());
   EXPECT_TRUE(p_hero->absorbBlow());
@@ -126,7 +126,7 @@ TEST_F(HeroTest, ASwordBlowStrikesTheAimedTileOncePerEightSteps) {
   EXPECT_EQ(2, countOf("Slash"));
 }
 
-TEST_F(HeroTest, ABlowAtAWallIsSpentButAClosedDoorCanBeStruck) {
+TEST_F(HeroTest, ABlowAtAWallIsSpent) {
   holdFor(K::W, 1);  // to (3,1), under the wall
   clickAt(ot::Mouse::LEFT, Vector(0, -3));
   EXPECT_EQ(0, countOf("Slash"));
@@ -157,7 +157,7 @@ TEST_F(HeroTest, AnArrowLeavesFromTheHerosTileOncePerTwelveSteps) {
   EXPECT_EQ(2, countOf("Projectile"));
 }
 
-TEST_F(HeroTest, RewardsAndPurchasesReachTheHudAtOnce) {
+TEST_F(HeroTest, HudShowsChangesAtOnce) {
   createHud();
   EXPECT_EQ(10, hudValue("HP"));
   p_hero->addKillReward(15);
@@ -179,7 +179,7 @@ TEST_F(HeroTest, RewardsAndPurchasesReachTheHudAtOnce) {
   EXPECT_EQ(15, hudValue("HP"));
 }
 
-TEST_F(HeroTest, DeathShowsZeroAndMakesTheEndScreenInTheSameFrame) {
+TEST_F(HeroTest, DeathMakesTheEndScreenInTheSameFrame) {
   createHud();
   EXPECT_TRUE(p_hero->takeDamage(12));
   EXPECT_EQ(0, hudValue("HP"));
@@ -190,7 +190,7 @@ TEST_F(HeroTest, DeathShowsZeroAndMakesTheEndScreenInTheSameFrame) {
   EXPECT_EQ(nullptr, ot::WorldManager::getInstance().getViewFollowing());
 }
 
-TEST_F(HeroTest, QEndsTheGameAndEOnPlainFloorDoesNothing) {
+TEST_F(HeroTest, QEndsTheGame) {
   key(K::E, ot::KEY_PRESSED);
   EXPECT_FALSE(p_hero->getShop()->isOpen());
   EXPECT_EQ(0, getLevel()->getFloor());
@@ -199,7 +199,7 @@ TEST_F(HeroTest, QEndsTheGameAndEOnPlainFloorDoesNothing) {
   EXPECT_TRUE(ot::GameManager::getInstance().getGameOver());
 }
 
-TEST_F(HeroTest, InTheShopTheHeroIsStillAndUnhurtButQStillQuits) {
+TEST_F(HeroTest, TheShopFreezesTheHeroButNotQ) {
   p_hero->setGridPos(33, 6);
   key(K::E, ot::KEY_PRESSED);
   ASSERT_TRUE(p_hero->getShop()->isOpen());

@@ -43,7 +43,7 @@ void PrintTo(const FloorFacts& facts, std::ostream* os) { *os << "floor index " 
 
 class LevelFloor : public LevelTest, public ::testing::WithParamInterface<FloorFacts> {};
 
-TEST_P(LevelFloor, HoldsItsSpawnPointsShopDoorsAndStairs) {
+TEST_P(LevelFloor, HoldsItsLandmarks) {
   const FloorFacts& facts = GetParam();
   p_level->setFloor(facts.floor);
   std::map<int, int> spawns;
@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(
         FloorFacts{0, {{0, 12}, {1, 8}, {2, 3}}, {{33, 6}}, {{35, 15}, {47, 22}}, {{44, 27}}, 450},
         FloorFacts{1, {{0, 11}, {1, 9}, {2, 3}}, {{21, 12}}, {{41, 10}, {47, 15}}, {{44, 27}}, 557}));
 
-TEST_F(LevelTest, StartsOnFloorOneAtTheStartTileWithDoorsClosed) {
+TEST_F(LevelTest, StartsWithDoorsClosed) {
   EXPECT_EQ(0, p_level->getFloor());
   EXPECT_EQ(3, p_level->getStartX());
   EXPECT_EQ(2, p_level->getStartY());
@@ -102,7 +102,7 @@ TEST_F(LevelTest, TileRulesAnswerForEveryKindOfTile) {
   EXPECT_TRUE(p_level->isWalkable(41, 10));  // one key for both floors
 }
 
-TEST_F(LevelTest, SetFloorIgnoresAnythingButZeroAndOne) {
+TEST_F(LevelTest, SetFloorTakesOnlyTheTwoFloors) {
   p_level->setFloor(1);
   p_level->setFloor(2);
   EXPECT_EQ(1, p_level->getFloor());
@@ -112,7 +112,7 @@ TEST_F(LevelTest, SetFloorIgnoresAnythingButZeroAndOne) {
   EXPECT_EQ(0, p_level->getFloor());
 }
 
-TEST_F(LevelTest, TileCentreAndWorldToTileAreInverse) {
+TEST_F(LevelTest, TileCentreInvertsWorldToTile) {
   EXPECT_EQ(ot::Vector(17, 7), Level::tileCenter(3, 2));
   int x = 0;
   int y = 0;

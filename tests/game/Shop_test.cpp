@@ -89,7 +89,7 @@ TEST_F(ShopTest, HealingRestoresEveryHitPoint) {
   EXPECT_EQ(10, p_hero->getHp());
 }
 
-TEST_F(ShopTest, TheKeyIsSoldOnceAndOpensTheDoorsOfBothFloors) {
+TEST_F(ShopTest, TheKeyIsSoldOnce) {
   setGold(250);
   p_shop->buy(5);
   EXPECT_TRUE(p_shop->hasKey());

@@ -72,7 +72,7 @@ TEST_F(ObjectsOverNetwork, TheWireExampleArrivesByteForByte) {
   EXPECT_EQ(std::string("\x14\0\0\0\x21\0\0\0\x07\0\0\0\0\0\x80\x3f\0\0\0\x40", 20), arrived[0]);
 }
 
-TEST_F(ObjectsOverNetwork, AFreshObjectSendsEverythingThenTheEmptyMaskAndTheReaderBecomesItsEqual) {
+TEST_F(ObjectsOverNetwork, AFreshObjectSendsEverythingOnce) {
   auto* p_writer = new Object;
   p_writer->setType("Courier");
   p_writer->setPosition(Vector(12, 5));
@@ -187,7 +187,7 @@ TEST_F(ObjectsOverNetwork, EachAttributeTravelsAloneUnderItsOwnBit) {
   EXPECT_EQ(Object::ALL_OBJECT_ATTRIBUTES, covered);
 }
 
-TEST_F(ObjectsOverNetwork, AViewObjectReadKeepsItsValueAndAppearanceBits) {
+TEST_F(ObjectsOverNetwork, AViewObjectReadKeepsItsModifiedBits) {
   auto* p_writer = new ot::ViewObject;
   p_writer->setViewString("Gold");
   p_writer->setValue(42);
@@ -201,7 +201,7 @@ TEST_F(ObjectsOverNetwork, AViewObjectReadKeepsItsValueAndAppearanceBits) {
   EXPECT_EQ(ot::ViewObject::VALUE | ot::ViewObject::APPEARANCE, p_reader->getModified());
 }
 
-TEST_F(ObjectsOverNetwork, CutAndGarbledPayloadsFailOrPassWithoutHarm) {
+TEST_F(ObjectsOverNetwork, BadPayloadsDoNoHarm) {
   auto* p_writer = new ot::ViewObject;
   p_writer->setViewString("Score");
   p_writer->setType("Courier");

@@ -11,7 +11,7 @@ namespace {
 
 using MusicTest = ot_test::HeadlessEngine;
 
-TEST_F(MusicTest, PlaysLoopedUnlessToldOtherwiseAndAFailedLoadKeepsTheLabel) {
+TEST_F(MusicTest, PlaysLoopedUnlessToldOtherwise) {
   ot::LogManager::getInstance().setLogLevel(5);
   ot::Music music;
   music.setLabel("theme");

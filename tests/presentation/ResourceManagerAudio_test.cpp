@@ -16,7 +16,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class AudioTables : public ot_test::HeadlessEngine {
+class ResourceManagerAudio : public ot_test::HeadlessEngine {
  protected:
   ot::ResourceManager& rm = ot::ResourceManager::getInstance();
   size_t m_seen = 0;
@@ -32,7 +32,7 @@ class AudioTables : public ot_test::HeadlessEngine {
   }
 };
 
-TEST_F(AudioTables, GoodFilesLoadUnderTheirLabelsAndBadOnesAreRefusedWithTheirLine) {
+TEST_F(ResourceManagerAudio, BadAudioFilesAreRefusedWithTheirLine) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100), bad = ot_test::writeTempFile("bad.ogg", "x");
   ot::LogManager::getInstance().setLogLevel(1);
   struct Case {
@@ -64,7 +64,7 @@ TEST_F(AudioTables, GoodFilesLoadUnderTheirLabelsAndBadOnesAreRefusedWithTheirLi
   EXPECT_EQ(rm.getMusic("theme") + 1, rm.getMusic("second"));
 }
 
-TEST_F(AudioTables, LabelsAreLookedUpInOrderAndAMissingOneWarns) {
+TEST_F(ResourceManagerAudio, LabelLookupTakesTheFirstMatch) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100);
   ASSERT_EQ(0, rm.loadSound(wav, "twice"));
   ASSERT_EQ(0, rm.loadSound(wav, "twice"));
@@ -84,7 +84,7 @@ TEST_F(AudioTables, LabelsAreLookedUpInOrderAndAMissingOneWarns) {
       fresh());
 }
 
-TEST_F(AudioTables, AHundredSoundsFitAndUnloadingMovesTheRestDownWithTheirOwnBuffers) {
+TEST_F(ResourceManagerAudio, UnloadingASoundMovesTheRestDown) {
   const std::string short_wav = ot_test::writeWavFile("a.wav", 100);
   ASSERT_EQ(0, rm.loadSound(short_wav, "first"));
   ASSERT_EQ(0, rm.loadSound(ot_test::writeWavFile("b.wav", 200), "middle"));
@@ -107,7 +107,7 @@ TEST_F(AudioTables, AHundredSoundsFitAndUnloadingMovesTheRestDownWithTheirOwnBuf
   EXPECT_EQ(Lines{}, fresh());
 }
 
-TEST_F(AudioTables, FiftyMusicSlotsAndAnUnloadedOneIsNeverFreed) {
+TEST_F(ResourceManagerAudio, UnloadedMusicSlotIsNeverReused) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100);
   for (int i = 0; i < ot::MAX_MUSICS; i++) ASSERT_EQ(0, rm.loadMusic(wav, "m" + std::to_string(i)));
   EXPECT_EQ(-1, rm.unloadMusic("absent"));
@@ -120,7 +120,7 @@ TEST_F(AudioTables, FiftyMusicSlotsAndAnUnloadedOneIsNeverFreed) {
             fresh());
 }
 
-TEST_F(AudioTables, ShutDownStopsNoMoreMusicThanThereAreSounds) {
+TEST_F(ResourceManagerAudio, ShutDownStopsNoMoreMusicThanThereAreSounds) {
   const std::string wav = ot_test::writeWavFile("a.wav", 40000);
   ASSERT_EQ(0, rm.loadSound(wav, "sound"));
   ASSERT_EQ(0, rm.loadMusic(wav, "stopped"));
@@ -134,7 +134,7 @@ TEST_F(AudioTables, ShutDownStopsNoMoreMusicThanThereAreSounds) {
   rm.startUp();
 }
 
-TEST_F(AudioTables, NothingLoadsOrUnloadsBeforeTheStart) {
+TEST_F(ResourceManagerAudio, NothingIsLoadedBeforeTheStart) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100);
   rm.shutDown();
   fresh();

@@ -16,7 +16,7 @@ sf::Uint64 samples(const ot::Sound& sound) {
   return player.getBuffer() ? player.getBuffer()->getSampleCount() : 0;
 }
 
-TEST_F(SoundTest, UnloadedSoundIsOnlyALabelAndPlayingItOnlyLogs) {
+TEST_F(SoundTest, UnloadedSoundOnlyLogs) {
   ot::LogManager::getInstance().setLogLevel(5);
   ot::Sound sound;
   EXPECT_EQ("[Undefined]", sound.getLabel());
@@ -42,7 +42,7 @@ TEST_F(SoundTest, AFailedLoadKeepsTheSoundLoadedBefore) {
   }
 }
 
-TEST_F(SoundTest, ReloadKeepsThePlayerAndCopiesPlayFromTheirOwnBuffer) {
+TEST_F(SoundTest, CopiesPlayFromTheirOwnBuffer) {
   ot::Sound copy;
   ASSERT_EQ(0, copy.loadSound(ot_test::writeWavFile("a.wav", 100)));
   {
