@@ -50,7 +50,8 @@ void Config::loadConfig(std::string config) {
   if (!(v = value("window_vertical_chars")).empty()) m_window_vertical_chars = atoi(v.c_str());
 
   if (!(v = value("window_background_color")).empty()) {
-    // The fourth name is "red" again, so "yellow" is never accepted; kept so.
+    // Kept quirk: the fourth name is "red" again, so "yellow" is never
+    // accepted; existing settings files get the window they always got.
     static const char* const names[] = {"black", "red", "green", "red", "blue", "magenta", "cyan", "white"};
     int found = -1;
     for (int i = 0; i < 8 && found < 0; i++) {

@@ -36,8 +36,8 @@ class ObjectList {
   ObjectList operator+(const ObjectList& other) const;
   ObjectList& operator+=(const ObjectList& other);
 
-  // Compares the list records byte by byte, not the items: two distinct lists
-  // are equal only while those bytes agree. Kept for its callers' sake.
+  // Kept quirk: compares the list records byte by byte, not the items, so two
+  // distinct lists are equal while those bytes agree; callers rely on it.
   bool operator==(const ObjectList& other) const;
   bool operator!=(const ObjectList& other) const;
 

