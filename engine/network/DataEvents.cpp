@@ -62,6 +62,8 @@ int genDataEvents(int sock) {
   // Bytes only ever add up, so a first count that covers the message stands.
   const int have = waiting >= size ? waiting : network.isData(sock);
   log.writeLog(20, "ot::genDataEvents(): have %d of %d bytes.", have, size);
+  // Kept quirk: a length larger than will ever arrive waits, consuming
+  // nothing, for as long as the peer stays: it may still send the rest.
   if (have < size) return closeIfPeerGone(network, sock, have);
 
   log.writeLog(20, "ot::genDataEvents(): have full message (%d bytes).", size);

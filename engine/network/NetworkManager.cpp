@@ -55,7 +55,6 @@ int NetworkManager::startUp() {
   }
   if (platform::socketStartUp() != 0) {
     log.writeLog("NetworkManager::startUp(): Error! WSAStartup() code : %d", platform::lastSocketError());
-    // Kept quirk: 1 rather than -1; callers test for it.
     return 1;
   }
   Manager::startUp();

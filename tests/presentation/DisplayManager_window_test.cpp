@@ -136,6 +136,31 @@ TEST_F(DisplayManagerWindow, DrawnShapeOfANamedColourTakesItsChannels) {
   EXPECT_LT(0, count(image, [](auto, auto, auto c) { return c == sf::Color(255, 255, 0); }));
 }
 
+// Shapes of size 12 (cells of 8 pixels, font_scale 1.5) at pixel (80, 100).
+TEST_F(DisplayManagerWindow, ASquareLeavesItsTurnOnLaterShapes) {
+  ot::Shape shape;
+  shape.setType(ot::SHAPE_SQUARE);
+  shape.setColor(ot::RED);
+  sf::Image square = picture([&] { shape.draw(Vector(10, 5)); });
+  shape.setType(ot::SHAPE_CIRCLE);
+  shape.setColor(ot::GREEN);
+  sf::Image circle = picture([&] { shape.draw(Vector(10, 5)); });
+  auto columns = [](const sf::Image& image, sf::Color color) {  // first and last holding the colour
+    std::pair<int, int> span{640, -1};
+    for (unsigned y = 0; y < 480; y++)
+      for (int x = 0; x < 640; x++)
+        if (image.getPixel(x, y) == color) span = {std::min(span.first, x), std::max(span.second, x)};
+    return span;
+  };
+  // The square's radius is 12 / 1.5, not half the size: turned upright, about 11 pixels wide.
+  auto [left, right] = columns(square, sf::Color::Red);
+  EXPECT_NEAR(11, right - left + 1, 1);
+  // The circle, radius 12 at an offset of 6, still turned 45 degrees about its corner.
+  auto [circle_left, circle_right] = columns(circle, sf::Color::Green);
+  EXPECT_NEAR(62, circle_left, 1.5);
+  EXPECT_NEAR(86, circle_right, 1.5);
+}
+
 TEST_F(DisplayManagerWindow, ShakeOffsetsFollowTheSeededDrawsXFirst) {
   srand(7);
   std::vector<int> draws(16);
