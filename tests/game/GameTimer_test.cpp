@@ -13,9 +13,8 @@ class GameTimerRule : public ::testing::TestWithParam<std::tuple<int, int, int, 
 
 TEST_P(GameTimerRule, LevelRisesOnItsSchedule) {
   auto [seconds, level, to_next, text] = GetParam();
-  EXPECT_EQ(level, levelForTime(seconds));
-  EXPECT_EQ(to_next, secondsToNextLevel(seconds));
-  EXPECT_EQ(text, formatTime(seconds));
+  EXPECT_EQ(std::make_tuple(level, to_next, text),
+            std::make_tuple(levelForTime(seconds), secondsToNextLevel(seconds), formatTime(seconds)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -53,12 +52,9 @@ TEST_F(GameTimerTest, ARiseBoostsLivingEnemies) {
   step(stepsFor(120) - 1);
   EXPECT_EQ(0, getEnemyLevel());
   step(1);
-  EXPECT_EQ(1, getEnemyLevel());
-  EXPECT_EQ(4, p_slime->getHp());
-  EXPECT_EQ(5, p_slime->getMaxHp());
-  EXPECT_EQ(0, p_dead->getLevel());
-  EXPECT_EQ(90, p_timer->getFlashTimer());
-  EXPECT_EQ(6, ot::DisplayManager::getInstance().getShakeDuration());
+  EXPECT_EQ(std::make_tuple(1, 4, 5, 0, 90, 6),
+            std::make_tuple(getEnemyLevel(), p_slime->getHp(), p_slime->getMaxHp(), p_dead->getLevel(),
+                            p_timer->getFlashTimer(), ot::DisplayManager::getInstance().getShakeDuration()));
   EXPECT_TRUE(ot_test::logHas(logMessages(), "GameTimer: enemies boosted to level 1"));
   step(1);
   EXPECT_EQ(89, p_timer->getFlashTimer());

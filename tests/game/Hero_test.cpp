@@ -32,13 +32,9 @@ class HeroTest : public ot_test::GameWorld {
 };
 
 TEST_F(HeroTest, StartsOnTheStartTile) {
-  EXPECT_EQ(3, p_hero->getGx());
-  EXPECT_EQ(2, p_hero->getGy());
-  EXPECT_EQ(10, p_hero->getHp());
-  EXPECT_EQ(10, p_hero->getMaxHp());
-  EXPECT_EQ(2, p_hero->getMeleeDamage());
-  EXPECT_EQ(1, p_hero->getRangedDamage());
-  EXPECT_EQ(3, p_hero->getAltitude());
+  EXPECT_EQ(std::make_tuple(3, 2, 10, 10, 2, 1, 3),
+            std::make_tuple(p_hero->getGx(), p_hero->getGy(), p_hero->getHp(), p_hero->getMaxHp(),
+                            p_hero->getMeleeDamage(), p_hero->getRangedDamage(), p_hero->getAltitude()));
   EXPECT_EQ(p_hero, ot::WorldManager::getInstance().getViewFollowing());
   EXPECT_EQ(1, countOf("Shop"));
 }
@@ -66,12 +62,10 @@ TEST_F(HeroTest, ABlockedStepCostsNoCooldownSoTurningMovesAtOnce) {
 
 TEST_F(HeroTest, BlockLastsTenSteps) {
   key(K::LEFTSHIFT, ot::KEY_PRESSED);
-  EXPECT_TRUE(p_hero->isBlocking());
-  EXPECT_TRUE(p_hero->absorbBlow());
+  EXPECT_TRUE(p_hero->isBlocking() && p_hero->absorbBlow());
   EXPECT_EQ(10, p_hero->getHp());
   step(10);
-  EXPECT_FALSE(p_hero->isBlocking());
-  EXPECT_FALSE(p_hero->absorbBlow());
+  EXPECT_FALSE(p_hero->isBlocking() || p_hero->absorbBlow());
   key(K::RIGHTSHIFT, ot::KEY_PRESSED);
   EXPECT_FALSE(p_hero->isBlocking());
   step(15);
@@ -97,11 +91,9 @@ class HeroAim : public HeroTest, public ::testing::WithParamInterface<std::tuple
 TEST_P(HeroAim, AimsByWhatTheEyeSeesWithTiesGoingSideways) {
   auto [offset, dx, dy] = GetParam();
   mouse(ot::MOVED, ot::Mouse::UNDEFINED_MOUSE_BUTTON, p_hero->getPosition() + offset);
-  int aim_x = 9;
-  int aim_y = 9;
+  int aim_x = 9, aim_y = 9;
   p_hero->computeAim(aim_x, aim_y);
-  EXPECT_EQ(dx, aim_x);
-  EXPECT_EQ(dy, aim_y);
+  EXPECT_EQ(std::make_pair(dx, dy), std::make_pair(aim_x, aim_y));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -161,20 +153,16 @@ TEST_F(HeroTest, HudShowsChangesAtOnce) {
   createHud();
   EXPECT_EQ(10, hudValue("HP"));
   p_hero->addKillReward(15);
-  EXPECT_EQ(15, hudValue("Gold"));
-  EXPECT_EQ(15, hudValue("Score"));
-  EXPECT_EQ(1, p_hero->getKills());
+  EXPECT_EQ(std::make_tuple(15, 15, 1),
+            std::make_tuple(hudValue("Gold"), hudValue("Score"), p_hero->getKills()));
   EXPECT_FALSE(p_hero->spendGold(16));
   EXPECT_EQ(15, p_hero->getGold());
   EXPECT_TRUE(p_hero->spendGold(15));
-  EXPECT_EQ(0, hudValue("Gold"));
-  EXPECT_EQ(15, hudValue("Score"));
+  EXPECT_EQ(std::make_pair(0, 15), std::make_pair(hudValue("Gold"), hudValue("Score")));
   p_hero->takeDamage(7);
   EXPECT_EQ(3, hudValue("HP"));
   p_hero->addMaxHp(5);
-  EXPECT_EQ(8, p_hero->getHp());
-  EXPECT_EQ(15, p_hero->getMaxHp());
-  EXPECT_EQ(8, hudValue("HP"));
+  EXPECT_EQ(std::make_tuple(8, 15, 8), std::make_tuple(p_hero->getHp(), p_hero->getMaxHp(), hudValue("HP")));
   p_hero->healFull();
   EXPECT_EQ(15, hudValue("HP"));
 }
@@ -185,16 +173,14 @@ TEST_F(HeroTest, DeathMakesTheEndScreenInTheSameFrame) {
   EXPECT_EQ(0, hudValue("HP"));
   EXPECT_EQ(1, countOf("GameOver"));
   ot_test::runFrames(1);
-  EXPECT_EQ(0, countOf("Hero"));
-  EXPECT_EQ(0, countOf("Shop"));  // goes with the hero
+  EXPECT_EQ(0, countOf("Hero") + countOf("Shop"));  // the shop goes with the hero
   EXPECT_EQ(nullptr, ot::WorldManager::getInstance().getViewFollowing());
 }
 
 TEST_F(HeroTest, QEndsTheGame) {
-  key(K::E, ot::KEY_PRESSED);
-  EXPECT_FALSE(p_hero->getShop()->isOpen());
+  key(K::E, ot::KEY_PRESSED);  // on plain floor: nothing
+  EXPECT_FALSE(p_hero->getShop()->isOpen() || ot::GameManager::getInstance().getGameOver());
   EXPECT_EQ(0, getLevel()->getFloor());
-  EXPECT_FALSE(ot::GameManager::getInstance().getGameOver());
   key(K::Q, ot::KEY_PRESSED);
   EXPECT_TRUE(ot::GameManager::getInstance().getGameOver());
 }
@@ -208,9 +194,8 @@ TEST_F(HeroTest, TheShopFreezesTheHeroButNotQ) {
   clickAt(ot::Mouse::LEFT, Vector(5, 0));
   clickAt(ot::Mouse::RIGHT, Vector(5, 0));
   EXPECT_EQ(33, p_hero->getGx());
-  EXPECT_FALSE(p_hero->isBlocking());
+  EXPECT_FALSE(p_hero->isBlocking() || p_hero->takeDamage(5));
   EXPECT_EQ(0, countOf("Slash") + countOf("Projectile"));
-  EXPECT_FALSE(p_hero->takeDamage(5));
   EXPECT_EQ(10, p_hero->getHp());
   key(K::E, ot::KEY_PRESSED);
   EXPECT_FALSE(p_hero->getShop()->isOpen());
