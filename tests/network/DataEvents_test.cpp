@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "engine/core/LogManager.h"
@@ -66,10 +67,10 @@ TEST_P(DataEventsPartial, StayUnconsumedUntilTheirLastByte) {
   ASSERT_TRUE(waitForBytes(0, static_cast<int>(whole.size())));
   EXPECT_EQ(1, genDataEvents(0));
   ASSERT_EQ(1u, p_spy->events.size());
-  EXPECT_EQ(ot::DATA, p_spy->events[0].label);
-  EXPECT_EQ(0, p_spy->events[0].socket_index);
-  EXPECT_EQ(static_cast<int>(whole.size()), p_spy->events[0].bytes);
-  EXPECT_EQ(whole, p_spy->events[0].message) << "the block, header included";
+  const NetworkRecord& event = p_spy->events[0];
+  EXPECT_EQ(
+      std::make_tuple(ot::DATA, 0, static_cast<int>(whole.size()), whole),  // the block, header included
+      std::make_tuple(event.label, event.socket_index, event.bytes, event.message));
   EXPECT_EQ(0, network().isData(0));
 }
 

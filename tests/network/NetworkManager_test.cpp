@@ -45,12 +45,10 @@ TEST_F(NetworkManagerConnect, ConnectionsRaiseEventsWithTheNewIndex) {
   setLogLevel(1);
   auto* p_spy = new NetworkSpy;
   auto [client, server] = connectToSelf();
-  EXPECT_EQ(0, client);
-  EXPECT_EQ(1, server);
+  EXPECT_EQ(std::make_pair(0, 1), std::make_pair(client, server));
   ASSERT_EQ((std::vector<ot::NetworkEventLabel>{ot::CONNECT, ot::ACCEPT}), p_spy->labels());
-  EXPECT_EQ(0, p_spy->events[0].socket_index);
-  EXPECT_EQ(1, p_spy->events[1].socket_index);
-  EXPECT_EQ(0, p_spy->events[1].bytes);
+  EXPECT_EQ(std::make_tuple(0, 1, 0), std::make_tuple(p_spy->events[0].socket_index,
+                                                      p_spy->events[1].socket_index, p_spy->events[1].bytes));
   EXPECT_EQ(-1, network().accept()) << "nobody else is waiting";
   EXPECT_EQ(2, network().getNumConnections());
   EXPECT_NE(network().getSocket(0), network().getSocket(1));
@@ -115,8 +113,7 @@ TEST_F(NetworkManagerConnect, ShutDownClosesEverySocket) {
   PlainPeer peer(port());
   ASSERT_EQ(0, acceptWaiting());
   network().shutDown();
-  EXPECT_FALSE(network().isServer());
-  EXPECT_EQ(0, network().getNumConnections());
+  EXPECT_EQ(std::make_pair(false, 0), std::make_pair(network().isServer(), network().getNumConnections()));
   EXPECT_TRUE(peer.seesClose());
   EXPECT_EQ(0, network().startUp()) << "and a later start begins afresh";
 }
@@ -247,20 +244,18 @@ TEST_F(NetworkManagerTransfer, ClosingShiftsLaterIndicesDown) {
 
   EXPECT_EQ(0, network().close(0));
   ASSERT_EQ(1u, p_spy->events.size());
-  EXPECT_EQ(ot::CLOSE, p_spy->events[0].label);
-  EXPECT_EQ(0, p_spy->events[0].socket_index);
-  EXPECT_EQ(3, p_spy->events[0].connections);
-  EXPECT_EQ(2, network().getNumConnections());
-  EXPECT_EQ(old_second, network().getSocket(0));
-  EXPECT_EQ(old_third, network().getSocket(1));
+  EXPECT_EQ(
+      std::make_tuple(ot::CLOSE, 0, 3),  // raised while the entry is there
+      std::make_tuple(p_spy->events[0].label, p_spy->events[0].socket_index, p_spy->events[0].connections));
+  EXPECT_EQ(std::make_tuple(2, old_second, old_third),
+            std::make_tuple(network().getNumConnections(), network().getSocket(0), network().getSocket(1)));
   EXPECT_EQ(0, network().isData(0)) << "the server end, whose client end closed, is still there";
 
   EXPECT_EQ(0, network().close(-1));
   ASSERT_EQ(3u, p_spy->events.size());
-  EXPECT_EQ(0, p_spy->events[1].socket_index);
-  EXPECT_EQ(1, p_spy->events[2].socket_index);
-  EXPECT_EQ(2, p_spy->events[2].connections);
-  EXPECT_EQ(0, network().getNumConnections());
+  EXPECT_EQ(std::make_tuple(0, 1, 2, 0),
+            std::make_tuple(p_spy->events[1].socket_index, p_spy->events[2].socket_index,
+                            p_spy->events[2].connections, network().getNumConnections()));
   EXPECT_TRUE(third.seesClose());
   EXPECT_EQ(0, network().close(-1)) << "nothing to close";
   EXPECT_EQ(3u, p_spy->events.size());
@@ -321,7 +316,7 @@ TEST_F(NetworkManagerTransfer, TheFrameServesTheNetwork) {
   };
   ot::GameManager::getInstance().run();
   ASSERT_EQ(1u, p_spy->events.size());
-  EXPECT_EQ(ot::ACCEPT, p_spy->events[0].label);
-  EXPECT_EQ(2, p_spy->events[0].socket_index);
+  EXPECT_EQ(std::make_pair(ot::ACCEPT, 2),
+            std::make_pair(p_spy->events[0].label, p_spy->events[0].socket_index));
   EXPECT_TRUE(waitForBytes(server, 1)) << "the delayed byte went in frame 1";
 }

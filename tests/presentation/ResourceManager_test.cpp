@@ -20,20 +20,14 @@ std::string robust(std::string header, std::string body, std::string footer = "v
 class ResourceManagerTest : public ot_test::HeadlessEngine {
  protected:
   ot::ResourceManager& rm = ot::ResourceManager::getInstance();
-  size_t m_seen = 0;
   std::string m_path;
-  Lines fresh() {
-    Lines all = logMessages();
-    all.erase(all.begin(), all.begin() + static_cast<long>(std::exchange(m_seen, all.size())));
-    return all;
-  }
   // Loads text as a sprite file at this log level; the log lines that wrote.
   Lines load(const std::string& text, int result, int level = 0, const std::string& label = "s") {
     ot::LogManager::getInstance().setLogLevel(level);
     m_path = ot_test::writeTempFile("sprite.txt", text);
-    fresh();
+    newLogMessages();
     EXPECT_EQ(result, rm.loadSprite(m_path, label)) << text;
-    return fresh();
+    return newLogMessages();
   }
 };
 
@@ -96,12 +90,12 @@ TEST_F(ResourceManagerTest, BrokenSpriteFilesLeaveTheirExactTrail) {
     load(text, -1);  // starts the line count afresh
     std::ifstream file(m_path);
     EXPECT_EQ(nullptr, rm.loadSimpleSprite(file));
-    EXPECT_EQ(trail, fresh());
+    EXPECT_EQ(trail, newLogMessages());
   }
   EXPECT_EQ(-1, rm.loadSprite("/nonexistent/coin.txt", "s"));
   EXPECT_EQ(Lines({"RM::loadSprite(): Error! Cannot open file '/nonexistent/coin.txt'.",
                    "RM::loadSprite(): Sprite 's' not loaded."}),
-            fresh());
+            newLogMessages());
 }
 
 TEST_F(ResourceManagerTest, LevelledLinesShowFromTheirLevelOn) {

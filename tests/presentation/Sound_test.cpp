@@ -20,13 +20,11 @@ TEST_F(SoundTest, UnloadedSoundOnlyLogs) {
   ot::LogManager::getInstance().setLogLevel(5);
   ot::Sound sound;
   EXPECT_EQ("[Undefined]", sound.getLabel());
-  size_t before = logMessages().size();
+  newLogMessages();
   sound.play(true);
   sound.pause();
   sound.stop();
-  std::vector<std::string> log = logMessages();
-  EXPECT_EQ(std::vector<std::string>{"Sound::play(): Playing sound."},
-            std::vector<std::string>(log.begin() + static_cast<long>(before), log.end()));
+  EXPECT_EQ(std::vector<std::string>{"Sound::play(): Playing sound."}, newLogMessages());
   EXPECT_EQ(nullptr, sound.getSound().getBuffer());
 }
 
