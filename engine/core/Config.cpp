@@ -19,6 +19,7 @@ std::string Config::readConfig() const {
   std::string path = p_env ? p_env : CONFIG_FILENAME;
   std::ifstream file(path);
   if (!file.is_open()) {
+    // Kept quirk: names the usual file, whichever was looked for; log readers know the line.
     LogManager::getInstance().writeLog(1, "Config::readConfig(): Cannot open Ostrel configuration file '%s'.",
                                        CONFIG_FILENAME.c_str());
     return "";
@@ -78,6 +79,8 @@ void Config::loadConfig(std::string config) {
       log.writeLog("loadConfig(): Unsupported window state '%s'", v.c_str());
   }
 
+  // Kept quirk: match drops every blank, so a title has none; windows keep the
+  // titles they always had.
   if (!(v = value("window_title")).empty()) m_window_title = v;
   if (!(v = value("show_mouse")).empty()) m_show_mouse = (v == "true");
   if (!(v = value("headless")).empty()) m_headless = (v == "true");

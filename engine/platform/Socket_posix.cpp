@@ -112,6 +112,7 @@ int resolveAddress(const std::string& host, const std::string& port, SocketAddre
   p_address->protocol = p_result->ai_protocol;
   p_address->length = p_result->ai_addrlen;
   std::memcpy(p_address->bytes, p_result->ai_addr, p_result->ai_addrlen);
+  // Departure: the resolver's list is freed, not leaked.
   freeaddrinfo(p_result);
   return 0;
 }
