@@ -115,6 +115,7 @@ int splash() {
   log.writeLog(10, "splash(): Started.");
   GameManager& game = GameManager::getInstance();
   if (!game.isStarted()) {
+    // Kept quirk: the misspelling; log readers search for it.
     log.writeLog("splash(): Error! Cannot run splash screen until game manger is started.");
     return -1;
   }

@@ -141,6 +141,7 @@ int ResourceManager::loadMusic(std::string filename, std::string label) {
     return -1;
   }
   if (m_music[m_music_count].loadMusic(filename) == -1) {
+    // Kept quirk: "loadmusic" in lower case; log readers search for it.
     log.writeLog("RM::loadmusic(): Error! Cannot load music from file '%s'.", filename.c_str());
     return -1;
   }
