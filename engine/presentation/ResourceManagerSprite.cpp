@@ -378,7 +378,7 @@ Sprite* ResourceManager::loadRobustSprite(std::ifstream& file) {
   if (bareKey("slowdown")) return nullptr;
   int slowdown = matchLineInt(header, "slowdown");
   if (slowdown == -1) {
-    // 0 here, not the sprite's own default of 1; it plays the same.
+    // Kept quirk: 0 here, not the sprite's own default of 1; it plays the same.
     log.writeLog(5, "RM::loadRobustSprite(): Note! No '%s' in header.", "slowdown");
     slowdown = 0;
   }
