@@ -113,7 +113,8 @@ TEST_F(GameManagerRun, OnlyUnexcusedLateFramesWarn) {
   EXPECT_EQ((std::vector<int>{8, 0, 1}), std::vector<int>(p_spy->steps.end() - 3, p_spy->steps.end()));
 }
 
-class GameManagerClockJump : public HeadlessEngine, public ::testing::WithParamInterface<ot_test::ClockJump> {};
+class GameManagerClockJump : public HeadlessEngine,
+                             public ::testing::WithParamInterface<ot_test::ClockJump> {};
 
 TEST_P(GameManagerClockJump, FramesKeepTheirPeriod) {
   FakeClock clock;
