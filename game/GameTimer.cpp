@@ -43,6 +43,8 @@ GameTimer::GameTimer() {
   // Covers the whole world, so it is always drawn.
   setBox(mapBox());
   registerInterest(ot::STEP_EVENT);
+  // Kept quirk: the first enemies were made before this, at the level as it
+  // stood then; a new game starts as it always has.
   g_enemy_level = 0;
 }
 

@@ -14,6 +14,7 @@ if ! clang-format --dry-run -Werror "${sources[@]}"; then
   echo "Formatting differs from .clang-format: run clang-format -i on the files named above." >&2
   exit 1
 fi
+bash tools/check-quirks.sh
 
 echo "== tidy"
 bash tools/tidy.sh build-debug

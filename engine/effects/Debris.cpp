@@ -15,8 +15,8 @@ Debris::Debris(int age, unsigned char opacity, Color color, Vector velocity, cha
 }
 
 int Debris::draw() {
-  // One correction each way only: a speed beyond 360 a frame may leave the
-  // range, and that is kept.
+  // Kept quirk: one correction each way only, so a speed beyond 360 a frame
+  // leaves the range; only the drawn angle sees it.
   m_rotation += m_rotation_speed;
   if (m_rotation < 0.0f) m_rotation += 360.0f;
   if (m_rotation > 360.0f) m_rotation -= 360.0f;

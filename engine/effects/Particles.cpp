@@ -75,7 +75,8 @@ int addParticles(int count, int /*count_spread*/, Vector position, float positio
     unsigned char p_g = g;
     unsigned char p_b = b;
 
-    // Opacity wraps through 255 rather than clamping, unlike the colour.
+    // Kept quirk: opacity wraps through 255 rather than clamping, unlike the
+    // colour; seeded effects look as they always did.
     if (opacity_spread != 0)
       p_opacity = static_cast<unsigned char>(p_opacity + rand() % opacity_spread - opacity_spread / 2);
     if (age_spread != 0) p_age += rand() % age_spread - age_spread / 2;

@@ -77,8 +77,8 @@ int Precipitation::eventHandler(const Event* p_e) {
     float new_y = wobbled(velocity.getY());
     float new_x = wobbled(velocity.getX());
     if (m > 0.0f && std::fabs(new_x - m_old_velocity.getX()) / m > 0.25f) new_x = velocity.getX();
-    // No test of m here, unlike x: with m 0 any drift divides to infinity and
-    // is dropped, while no drift (0/0) keeps the candidate.
+    // Kept quirk: no test of m here, unlike x: with m 0 any drift divides to
+    // infinity and is dropped, while no drift (0/0) keeps the candidate.
     if (std::fabs(new_y - m_old_velocity.getY()) / m > 0.25f) new_y = velocity.getY();
     setVelocity(Vector(new_x, new_y));
   }

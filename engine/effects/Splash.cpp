@@ -65,8 +65,9 @@ Splash::Splash() {
   float x = view.getCorner().getX() + view.getHorizontal() + width / 2.0f;
   setPosition(Vector(x, y));
   // About 16 steps to the stop 11 spaces past the middle at the default frame
-  // time; the countdown halts it sooner. A frame time below 2 counts as 2,
-  // where the halved time in whole milliseconds would divide by zero.
+  // time; the countdown halts it sooner.
+  // Departure: a frame time below 2 counts as 2, where the halved time in
+  // whole milliseconds would divide by zero.
   float distance = view.getHorizontal() / 2.0f + width / 2.0f + 11.0f;
   int half_frame = Config::getInstance().getFrameTime() / 2;
   if (half_frame < 1) half_frame = 1;
@@ -114,6 +115,7 @@ int splash() {
   log.writeLog(LOG_DEBUG, "splash(): Started.");
   GameManager& game = GameManager::getInstance();
   if (!game.isStarted()) {
+    // Kept quirk: the misspelling; log readers search for it.
     log.writeLog("splash(): Error! Cannot run splash screen until game manger is started.");
     return -1;
   }

@@ -96,13 +96,15 @@ int SplashOstrel::eventHandler(const Event* p_e) {
   }
   if (p_e->getType() != STEP_EVENT) return 0;
   m_countdown--;
-  // Rounding may carry it a step past its end; it stops wherever it is then.
+  // Kept quirk: rounding may carry it a step past its end; it stops wherever
+  // it is then, as the splash always has.
   if (m_countdown < 1 && m_end_position.getY() >= getPosition().getY()) setVelocity(Vector(0.0f, 0.0f));
   if (m_countdown == -15) {
     Sprite* p_resting = makeSprite(9, 6, GREEN, {RESTING});
     Animation animation;
     animation.setSprite(p_resting);
-    // Past the only frame: the animation wraps it to 0 after one drawing.
+    // Kept quirk: past the only frame, so the first drawing shows nothing; the
+    // animation wraps it to 0 after it.
     animation.setIndex(1);
     setAnimation(animation);
     delete m_p_sprite;

@@ -18,9 +18,9 @@ struct FreeBuffer {
   void operator()(void* p) const { std::free(p); }
 };
 
-// Less than a whole message waits. If the peer has closed, the rest will never
-// come: the socket is closed, so that the game hears CLOSE instead of waiting
-// on it for ever. 0 either way: nothing to deliver.
+// Less than a whole message waits. 0 either way: nothing to deliver.
+// Departure: if the peer has closed, the rest will never come: the socket is
+// closed, so that the game hears CLOSE instead of waiting on it for ever.
 int closeIfPeerGone(NetworkManager& network, int sock, int have) {
   if (!network.isPeerClosed(sock)) return 0;
   if (have > 0)
@@ -51,8 +51,8 @@ int genDataEvents(int sock) {
     log.writeLog("ot::genDataEvents(): Error!  Reading message.");
     return -1;
   }
-  // No length below the header's own can be a message, and without one the
-  // stream can't be followed: the connection is given up.
+  // Departure: no length below the header's own can be a message, and without
+  // one the stream can't be followed: the connection is given up.
   if (size < HEADER_BYTES) {
     log.writeLog("ot::genDataEvents(): Error! Message size %d is less than its header; closing socket %d.",
                  size, sock);
@@ -62,6 +62,8 @@ int genDataEvents(int sock) {
   // Bytes only ever add up, so a first count that covers the message stands.
   const int have = waiting >= size ? waiting : network.isData(sock);
   log.writeLog(LOG_LINES, "ot::genDataEvents(): have %d of %d bytes.", have, size);
+  // Kept quirk: a length larger than will ever arrive waits, consuming
+  // nothing, for as long as the peer stays: it may still send the rest.
   if (have < size) return closeIfPeerGone(network, sock, have);
 
   log.writeLog(LOG_LINES, "ot::genDataEvents(): have full message (%d bytes).", size);

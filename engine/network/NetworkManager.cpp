@@ -61,7 +61,7 @@ int NetworkManager::startUp() {
 
 void NetworkManager::shutDown() {
   close(-1);
-  // The listening socket goes too, so that a later start begins afresh.
+  // Departure: the listening socket goes too, so that a later start begins afresh.
   if (isServer()) platform::closeSocket(m_server_sock);
   m_server_sock = -1;
   if (platform::socketCleanUp() != 0) logSocketError(platform::lastSocketError());
@@ -91,7 +91,7 @@ int NetworkManager::setServer(bool server, const std::string& port) {
     m_server_sock = -1;
     return -1;
   }
-  // A half-made listener is closed, not left open behind -1.
+  // Departure: a half-made listener is closed, not left open behind -1.
   auto giveUp = [&](const char* p_message) {
     int code = platform::lastSocketError();
     log.writeLog("%s", p_message);
@@ -118,6 +118,7 @@ int NetworkManager::accept() {
     return -2;
   }
   if (getNumConnections() >= m_max_connections) {
+    // Kept quirk: the misspelling; log readers search for it.
     log.writeLog(LOG_LINES, "NetworkManager::accept(): Won't check for new connetions since at max.");
     log.writeLog(LOG_LINES, "\tUse NM.setMaxConnections() to change max.");
     return -1;
@@ -184,8 +185,10 @@ int NetworkManager::connect(const std::string& host, const std::string& port) {
 
 int NetworkManager::send(const void* buffer, int bytes, int sock) {
   LogManager& log = LogManager::getInstance();
-  // -1 stands for all; any other value must be a socket's index.
+  // Departure: -1 stands for all; any other value must be a socket's index,
+  // where -2 would have read the list before its start.
   if (sock == -1 ? m_sock.empty() : !isIndex(sock)) {
+    // Kept quirk: the line names isData; log readers search for it.
     log.writeLog(LOG_DETAIL, "NetworkManager::isData(): Warning! Sock %d not connected.", sock);
     return -1;
   }
@@ -282,7 +285,7 @@ int NetworkManager::receive(void* buffer, int bytes, bool peek, int sock) {
     log.writeLog("NetworkManager::receive(): Error! No buffer of %d bytes to receive into.", bytes);
     return -1;
   }
-  // Asking for nothing gets nothing; the system's 0 would read as a close.
+  // Departure: asking for nothing gets nothing; the system's 0 would read as a close.
   if (bytes == 0) return 0;
   log.writeLog(LOG_EVENTS,
                "NetworkManager::receive(): Socket %d (m_sock[] is %d). Calling recv(), bytes %d ...", sock,
@@ -338,6 +341,7 @@ bool NetworkManager::isPeerClosed(int sock) const {
 }
 
 bool NetworkManager::isConnected(int sock) const {
+  // Kept quirk: -2 passes silently as "any"; only below it is warned of.
   if (sock < -2) {
     LogManager::getInstance().writeLog("NetworkManager::isConnected(): Warning! Sock less than -1.");
     return false;
@@ -352,8 +356,8 @@ int NetworkManager::close(int sock) {
   }
   const int first = sock == -1 ? 0 : sock;
   const int last = sock == -1 ? getNumConnections() - 1 : sock;
-  // Entries stay in place, marked, until the outermost close is done, so that
-  // indices hold still for CLOSE handlers, and for this loop.
+  // Departure: entries stay in place, marked, until the outermost close is
+  // done, so that indices hold still for CLOSE handlers, and for this loop.
   m_closing++;
   for (int i = first; i <= last; i++) {
     if (m_sock[i] == -1) continue;  // already closed by a handler

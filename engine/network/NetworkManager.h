@@ -31,7 +31,8 @@ struct ReceivedBytes {
 
 // The TCP side of the engine: an optional listening socket and the connected
 // sockets, each called by its index in the manager's list (indices of later
-// sockets shift down when one closes). What has arrived is moved out of the
+// sockets shift down when one closes).
+// Departure: what has arrived is moved out of the
 // system into the manager as soon as isData or receive looks, so that a
 // message still arriving never leaves the system's buffer full and stalled. Raises EventNetwork ACCEPT,
 // CONNECT and CLOSE; genDataEvents raises DATA. Started only when networking is on.

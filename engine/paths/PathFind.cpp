@@ -95,8 +95,8 @@ PathFind::PathFind(Object* p_object, Vector start, Vector end) : m_p_object(p_ob
       }
     }
     if (!free_found) {
-      // The last try writes both rounded values into x, leaving y as it was:
-      // a slip that is part of the behaviour.
+      // Kept quirk: the last try writes both rounded values into x, leaving y
+      // as it was; searches keep starting where games have seen them start.
       m_start.x = rounded(start.getX());
       m_start.x = rounded(start.getY());
       if (isBlocked(m_start)) log.writeLog("PathFind::PathFind(): Warning! Can't get to start node.");
@@ -115,7 +115,7 @@ PathFind::PathFind(Object* p_object, Vector start, Vector end) : m_p_object(p_ob
 
   int cols = static_cast<int>(boundary.getHorizontal());
   int rows = static_cast<int>(boundary.getVertical());
-  // One block for all nodes. More nodes than orders can number fail as an
+  // Departure: one block for all nodes. More nodes than orders can number fail as an
   // allocation would, long before memory could hold them.
   bool addressable = cols >= 0 && rows >= 0 &&
                      (cols == 0 || static_cast<size_t>(rows) <= UINT32_MAX / static_cast<size_t>(cols));

@@ -32,9 +32,9 @@ struct Coord {
 // One running search for a way through the world for one object: an A* over
 // the whole-space cells of the boundary, advanced one node per cycleOnce by
 // the PathManager in the frame's spare time. Made and deleted by its object;
-// it searches the boundary it was made with.
+// Departure: it searches the boundary it was made with.
 //
-// What is blocked for the seeker's box is taken from the grid's hard objects
+// Departure: what is blocked for the seeker's box is taken from the grid's hard objects
 // in one pass, a picture kept until the grid's revision or the seeker's box
 // changes; meanwhile the world is asked about a cell at most once.
 class PathFind {

@@ -26,7 +26,7 @@ int failed() {
   return -1;
 }
 
-// A game's messages are small and due now: each goes out when sent, instead
+// Departure: a game's messages are small and due now: each goes out when sent, instead
 // of waiting for the previous one's acknowledgement to be joined with more.
 void sendAtOnce(int sock) {
   int on = 1;
@@ -53,7 +53,7 @@ int openStreamSocket() {
 }
 
 int bindAnyAddress(int sock, unsigned short port) {
-  // Lets a server start again at once on a port whose last connections are
+  // Departure: lets a server start again at once on a port whose last connections are
   // still in TIME_WAIT, as binding does on the system the engine began on.
   int on = 1;
   setsockopt(sock, SOL_SOCKET, SO_REUSEADDR, &on, sizeof(on));
@@ -112,6 +112,7 @@ int resolveAddress(const std::string& host, const std::string& port, SocketAddre
   p_address->protocol = p_result->ai_protocol;
   p_address->length = p_result->ai_addrlen;
   std::memcpy(p_address->bytes, p_result->ai_addr, p_result->ai_addrlen);
+  // Departure: the resolver's list is freed, not leaked.
   freeaddrinfo(p_result);
   return 0;
 }

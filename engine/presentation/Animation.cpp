@@ -63,7 +63,7 @@ Box Animation::getBox() const {
 }
 
 bool Animation::operator==(const Animation& other) const {
-  // The transform isn't compared and the dirty flag is: objects compare so.
+  // Kept quirk: the transform isn't compared and the dirty flag is; objects compare so.
   return m_sprite == other.m_sprite && m_index == other.m_index &&
          m_slowdown_count == other.m_slowdown_count && m_name == other.m_name && m_dirty == other.m_dirty;
 }

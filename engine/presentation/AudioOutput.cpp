@@ -71,7 +71,7 @@ void AudioOutput::open() {
     logLines(library_text + sfml_text.str());
     return;
   }
-  // With no device open SFML would try again on every load, and the libraries
+  // Departure: with no device open SFML would try again on every load, and the libraries
   // would print each time: from here on Sound and Music only read their files.
   m_silent = true;
   m_can_play = false;

@@ -11,7 +11,8 @@ namespace ot {
 // The output that every Sound and Music plays through. The first load opens
 // it, not the engine's start-up, so that a program that makes no sound never
 // touches the audio system; from then on it stays open until the process
-// ends. Where the machine has no sound device, a silent one stands in:
+// ends.
+// Departure: where the machine has no sound device, a silent one stands in:
 // loading and playing work as ever, nobody hears them, and the log says so in
 // one line. Where a device exists but won't open, sounds still load (their
 // files are read and checked) and never play. Whatever the audio libraries

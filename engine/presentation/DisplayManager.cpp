@@ -16,9 +16,11 @@ namespace ot {
 
 namespace {
 
-// One of s + 1, s - 1, ... down to -s + 1: lopsided by one step towards the
-// positive side, and kept so. A severity of -1 would divide by zero: that axis
-// (which shake() reports) stays still and draws no number.
+// One of s + 1, s - 1, ... down to -s + 1.
+// Kept quirk: lopsided by one step towards the positive side; games tuned their
+// shakes by it.
+// Departure: a severity of -1 would divide by zero; that axis (which shake()
+// reports) stays still and draws no number.
 int shakeOffset(int severity) {
   if (severity == -1) return 0;
   return (severity + 1) - (rand() % (severity + 1)) * 2;

@@ -23,7 +23,8 @@ enum Justification {
 // Owns the window and turns the character-cell world into pixels. A cell is
 // the window divided by the cell counts, so its sides need not be equal or
 // whole. Each character is a background rectangle (which wipes what lay
-// below) and one glyph. Characters are recorded, in call order, into one
+// below) and one glyph.
+// Departure: characters are recorded, in call order, into one
 // vertex array on the font's page and drawn in a single call when the frame is
 // shown or anything else is about to touch the window (see getWindow). With
 // headless set there is no window: drawing returns -1 and the geometry still

@@ -12,7 +12,8 @@ namespace ot {
 
 // A music track under a label, streamed from its file while it plays. It
 // can't be copied or moved, so an entry of the ResourceManager's table stays
-// where it was loaded. The player is made by the first load, as making it
+// where it was loaded.
+// Departure: the player is made by the first load, as making it
 // opens the audio output; until then a Music is only a label.
 class Music {
  public:

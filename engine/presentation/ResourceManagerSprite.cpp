@@ -12,8 +12,8 @@
 //   robust  - <HEADER> keys, a <BODY> of frames each closed by "end", and a
 //             <FOOTER> with a version.
 // Every refusal leaves a trail in the log naming the line. Some of those line
-// numbers are reckoned loosely (see readData and loadRobustSprite); they are
-// kept as they stand.
+// numbers are reckoned loosely (see the kept quirks in loadRobustSprite);
+// log readers know them as they are.
 
 namespace ot {
 
@@ -58,7 +58,7 @@ int ResourceManager::loadSprite(const std::string& filename, const std::string& 
   LogManager& log = LogManager::getInstance();
   if (refuseUntilStarted()) return -1;
   if (static_cast<int>(m_sprite.size()) == MAX_SPRITES) {
-    // These two carry the robust reader's name; kept as they stand.
+    // Kept quirk: these two carry the robust reader's name; log readers know them.
     log.writeLog("RM::loadRobustSprite(): Error! Cannot add more Sprites (max is %d).", MAX_SPRITES);
     log.writeLog("RM::loadRobustSprite(): Sprite '%s' not loaded.", label.c_str());
     return -1;
@@ -322,7 +322,8 @@ std::unique_ptr<Sprite> ResourceManager::loadRobustSprite(std::ifstream& file) {
   // Matching erases lines, so their places in the file are taken now.
   const std::vector<std::string> header_lines = header;
   const int header_start = line_number - static_cast<int>(header.size());
-  // A number key alone on its line, with no value, is a typo: the file is refused.
+  // Departure: a number key alone on its line, with no value, is a typo: the
+  // file is refused rather than the reading ending the game.
   auto bareKey = [&](const char* key) {
     auto at = std::find(header_lines.begin(), header_lines.end(), key);
     if (at == header_lines.end()) return false;
@@ -362,7 +363,7 @@ std::unique_ptr<Sprite> ResourceManager::loadRobustSprite(std::ifstream& file) {
   if (bareKey("slowdown")) return nullptr;
   int slowdown = matchLineInt(header, "slowdown");
   if (slowdown == -1) {
-    // 0 here, not the sprite's own default of 1; it plays the same.
+    // Kept quirk: 0 here, not the sprite's own default of 1; it plays the same.
     log.writeLog(LOG_DETAIL, "RM::loadRobustSprite(): Note! No '%s' in header.", "slowdown");
     slowdown = 0;
   }
@@ -405,8 +406,9 @@ std::unique_ptr<Sprite> ResourceManager::loadRobustSprite(std::ifstream& file) {
   log.writeLog(LOG_DETAIL, "\t       Color: %s", color.c_str());
 
   for (int i = 0; i < frames; i++) {
-    // This reckoning starts a line high and leaves out the "end" lines, so
-    // the numbers fall behind by one more for each frame passed. Kept.
+    // Kept quirk: this reckoning starts a line high and leaves out the "end"
+    // lines, so the numbers fall behind by one more for each frame passed;
+    // log readers know them as they are.
     const Frame frame = readFrame(body, width, height, body_start + i * height + 2);
     if (frame.getString().empty()) {
       log.writeLog("RM::loadRobustSprite(): Error! No frame data to add.");

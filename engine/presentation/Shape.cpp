@@ -72,20 +72,23 @@ void Shape::draw(Vector world_position) {
   Vector pixels = spacesToPixels(worldToView(world_position));
   float px = pixels.getX(), py = pixels.getY();
 
-  // One figure serves every shape, so that drawing allocates nothing. Its
-  // rotation, once a square has set it, stays for all later shapes.
+  // One figure serves every shape, so that drawing allocates nothing.
+  // Kept quirk: its rotation, once a square has set it, stays for all later
+  // shapes; pictures made with shapes look as they always did.
   static sf::CircleShape figure(0, 30);
   if (m_color != CUSTOM) colorToRGB(m_color, m_r, m_g, m_b);
   figure.setFillColor(sf::Color(m_r, m_g, m_b, m_opacity));
   switch (m_type) {
     case SHAPE_CIRCLE:
-      // A radius of the size against an offset of half of it: kept as it is.
+      // Kept quirk: a radius of the size against an offset of half of it, as
+      // games place their circles by it.
       figure.setPointCount(static_cast<size_t>(getPointCount()));
       figure.setRadius(m_size);
       figure.setPosition(px - m_size / 2.0f, py - m_size / 2.0f);
       break;
     case SHAPE_SQUARE:
-      // The first radius is overwritten at once, and kept so.
+      // Kept quirk: the first radius is overwritten at once; the square's size
+      // is the second.
       figure.setPointCount(4);
       figure.setRadius(m_size / 2.0f);
       figure.setRadius(m_size / Config::getInstance().getFontScale());

@@ -8,7 +8,7 @@
 
 namespace ot {
 
-// int as its type, like the enumerations in Types.h: a shape read from the
+// Departure: int as its type, like the enumerations in Types.h: a shape read from the
 // network may carry any number, and must be able to hold it.
 enum ShapeType : int {
   SHAPE_UNDEFINED = -1,

@@ -12,7 +12,8 @@ class SoundBuffer;
 namespace ot {
 
 // A sound effect held wholly in memory under a label, kept by value in the
-// ResourceManager's table. Buffer and player are made by the first load, as
+// ResourceManager's table.
+// Departure: buffer and player are made by the first load, as
 // making either opens the audio output; until then a Sound is only a label.
 // A copy gets its own buffer and a player bound to it, so entries can be
 // moved down the table by assignment.

@@ -36,6 +36,7 @@ int Sprite::draw(int frame_number, Vector position, char transparency, Transform
 }
 
 std::string Sprite::toString() const {
+  // Kept quirk: no blank before "frames"; log readers know the line.
   return m_label + ", " + ot::toString(m_frame_count) + "frames, " + ot::toString(m_width) + " x " +
          ot::toString(m_height) + ", " + ot::toString(m_color);
 }

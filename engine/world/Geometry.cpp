@@ -95,7 +95,8 @@ Vector getNormal(Object* p_o, Object* p_other) {
   Box other = getWorldBox(p_other);
   float fraction = 0.5f;
   for (int i = 1; i <= 7; i++) {
-    // The scalings pile up from pass to pass; that is how the search narrows.
+    // Kept quirk: the scalings pile up from pass to pass; that is how the
+    // search narrows, and bounces depend on it.
     velocity.scale(fraction);
     Vector candidate = p_o->getPosition() + velocity;
     float step = static_cast<float>(std::pow(0.5, i));

@@ -37,9 +37,10 @@ bool isNetworkObjectLabel(const std::string& label) {
          label == NETWORK_SYNC_EVENT;
 }
 
-// The manager that delivers a label. Removal routes the network's object
-// labels to the world, which has no row for them, so such an interest can't be
-// removed: kept as it stands.
+// The manager that delivers a label.
+// Kept quirk: removal routes the network's object labels to the world, which
+// has no row for them, so such an interest can't be removed; harmless, as the
+// object stops hearing them when it is deleted.
 Manager& managerFor(const std::string& label, bool registering) {
   if (isInputLabel(label)) return InputManager::getInstance();
   if (label == STEP_EVENT) return GameManager::getInstance();
@@ -119,7 +120,8 @@ int Object::setAltitude(int altitude) {
 }
 
 void Object::setDirection(Vector direction) {
-  // Stored as given and, unlike every other setter, with no modified bit.
+  // Kept quirk: stored as given and, unlike every other setter, with no
+  // modified bit; the direction travels with the velocity.
   m_direction = direction;
 }
 
@@ -232,7 +234,8 @@ int Object::registerInterest(const std::string& event_type) {
     return -1;
   }
   if (managerFor(event_type, true).registerInterest(this, event_type) == -1) return -1;
-  // A repeated registration is stored a second time here; kept so.
+  // Kept quirk: a repeated registration is stored a second time here, though
+  // the manager holds it once; it counts against the limit.
   m_event_name.push_back(event_type);
   m_modified |= EVENTS;
   return 0;
@@ -352,8 +355,8 @@ bool Object::operator==(const Object& other) const {
 }
 
 std::string Object::toString() const {
-  // The no-soft value before its label, the event count after it unnamed and
-  // no blank after "avoid" are kept as they stand: log readers know them.
+  // Kept quirk: the no-soft value before its label, the event count after it
+  // unnamed and no blank after "avoid"; log readers know them.
   return ot::toString(m_id) + ", " + m_type + ", " + m_position.toString() + ", active " +
          ot::toString(m_is_active) + ", visible " + ot::toString(m_is_visible) + ", [" + m_box.toString() +
          "], dir " + m_direction.toString() + ", speed " + ot::toString(m_speed) + ", accel " +

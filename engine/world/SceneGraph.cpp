@@ -245,7 +245,8 @@ int SceneGraph::updateSolidness(Object* p_o, Solidness new_solidness) {
 }
 
 int SceneGraph::updateType(Object* p_o, const std::string& new_type) {
-  // Unlike its siblings, this one doesn't look at isActive().
+  // Kept quirk: unlike its siblings, this one doesn't look at isActive(), so
+  // an inactive object's new type is stored and its failure logged.
   LogManager& log = LogManager::getInstance();
   std::string old_type = p_o->getType();
   ObjectList old_list = m_type_map[old_type];

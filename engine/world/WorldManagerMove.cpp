@@ -44,12 +44,14 @@ int WorldManager::moveObject(Object* p_o, Vector where) {
         Vector velocity = direction2;
         velocity.normalize();
         velocity.scale(p_o->getSpeed());
-        // From the present position: the caller's where no longer counts.
+        // Kept quirk: from the present position; the caller's where no longer
+        // counts, and sliders move as games have seen them move.
         Vector where2 = p_o->getPosition() + velocity;
         ObjectList collision_list2 = getCollisions(p_o, where2);
         if (!firstHard(ObjectListIterator(&collision_list2)).isDone()) {
           LogManager::getInstance().writeLog(
-              LOG_DETAIL, "WorldManager::moveObject(): Double collision. Object (avoid obstacles) cannot move.");
+              LOG_DETAIL,
+              "WorldManager::moveObject(): Double collision. Object (avoid obstacles) cannot move.");
           return -1;
         }
         collision_list = collision_list2;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Box, ComparesEveryPartExactlyAndPrintsCornerAndSides) {
+TEST(Box, ComparesEveryPartExactly) {
   const ot::Box b(ot::Vector(1, 2), 3.5f, 4);
   EXPECT_EQ(ot::Box(ot::Vector(1, 2), 3.5f, 4), b);
   EXPECT_NE(ot::Box(ot::Vector(1, 2.0001f), 3.5f, 4), b);

@@ -16,7 +16,7 @@
 using ot::Clock;
 using ot_test::FakeClock;
 
-TEST(Clock, SplitAndDeltaMeasureTrueDurationsAcrossEveryJumpPoint) {
+TEST(Clock, SplitMeasuresTrueDurationsAcrossJumps) {
   FakeClock fake;
   for (const ot_test::ClockJump& jump : ot_test::CLOCK_JUMPS) {
     FakeClock::setTime(jump.at - 1500);
@@ -72,7 +72,7 @@ std::string faketimeLibrary() {
 // Frames that work longer than the frame time, so the wall clock passes
 // 17:32:26.230 UTC, where a date-folded reading jumped back, inside a frame's
 // work. The loop must go on stepping past it and still end when asked.
-TEST(ClockProcess, SlowFramesKeepSteppingPastTheWallClockJumpAndEndWhenAsked) {
+TEST(ClockProcess, SlowFramesKeepSteppingPastTheWallClockJump) {
   // Asked of the faketime command itself, so that the process under test is
   // the game and not a wrapper around it: signals reach it, and a kill leaves nothing behind.
   const std::string preload = faketimeLibrary();

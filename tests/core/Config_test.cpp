@@ -8,7 +8,7 @@
 using ot::Config;
 using namespace ot_test;
 
-class ConfigFile : public HeadlessEngine {
+class ConfigTest : public HeadlessEngine {
  protected:
   int logLevel() const override { return 1; }
   static Config& load(const std::string& text) {
@@ -26,7 +26,7 @@ class ConfigFile : public HeadlessEngine {
   }
 };
 
-TEST_F(ConfigFile, ReadsEveryKeyAndPrintsTheSettingsInOrder) {
+TEST_F(ConfigTest, PrintsEverySettingInOrder) {
   Config& c = load(
       "frame_time:20,\nfont_scale:1.5,\nwindow_horizontal_pixels:800,\nwindow_vertical_pixels:600,\n"
       "window_horizontal_chars:100,\nwindow_vertical_chars:30,\nwindow_background_color:blue,\n"
@@ -47,7 +47,7 @@ TEST_F(ConfigFile, ReadsEveryKeyAndPrintsTheSettingsInOrder) {
       dashes);
 }
 
-TEST_F(ConfigFile, MissingFileNamesTheDefaultAndAFileKeepsTheQuirksOfItsFormatAndValues) {
+TEST_F(ConfigTest, FormatQuirksAreKept) {
   Config::getInstance().reset();
   ot::match(" ", "");  // or the empty text would be looked up in the engine's own parse
   setenv("OSTREL_CONFIG", "/nonexistent/elsewhere.txt", 1);

@@ -16,7 +16,7 @@
 using ot::GameManager;
 using namespace ot_test;
 
-class StartUp : public ::testing::Test {
+class GameManagerStartUp : public ::testing::Test {
  protected:
   void TearDown() override {
     if (GameManager::getInstance().isStarted()) GameManager::getInstance().shutDown();
@@ -31,7 +31,7 @@ class StartUp : public ::testing::Test {
   }
 };
 
-TEST_F(StartUp, StartsManagersInOrderStopsThemInReverseRefusesASecondStartAndMaySkipTheSeed) {
+TEST_F(GameManagerStartUp, ManagersStopInReverseOrder) {
   ASSERT_EQ(0, start("random_seed:7,frame_time:25,window_horizontal_chars:60,window_vertical_chars:20,"));
   EXPECT_EQ(-1, GameManager::getInstance().startUp());
   ot::WorldManager& world = ot::WorldManager::getInstance();
@@ -66,7 +66,7 @@ TEST_F(StartUp, StartsManagersInOrderStopsThemInReverseRefusesASecondStartAndMay
   EXPECT_EQ(expected_draw, rand());
 }
 
-TEST_F(StartUp, AFailedDisplayStopsTheStartAndOnlyWhatStartedIsStopped) {
+TEST_F(GameManagerStartUp, AFailedDisplayStopsTheStart) {
   // With or without an X display, a font that isn't there fails the display.
   ASSERT_EQ(-1, start("networking:false,font_file:/nonexistent/font.ttf,", "headless:false,"));
   GameManager::getInstance().shutDown();
@@ -81,9 +81,9 @@ TEST_F(StartUp, AFailedDisplayStopsTheStartAndOnlyWhatStartedIsStopped) {
   EXPECT_FALSE(ot::NetworkManager::getInstance().isStarted());
 }
 
-class Frames : public HeadlessEngine {};
+class GameManagerRun : public HeadlessEngine {};
 
-TEST_F(Frames, LateFramesWarnUnlessFirstOrExcusedOnlyOversleepsCarryAndGameOverEndsAfterTheFrame) {
+TEST_F(GameManagerRun, OnlyUnexcusedLateFramesWarn) {
   // Frame 0 is late but the first; 1 oversleeps, which shortens 2; 2 undersleeps, which is dropped;
   // 4 is late only through what 3 overslept: no warning, and nothing carried on; 6 is late and warns.
   const std::vector<int> busy = {50, 0, 0, 0, 0, 0, 50, 0}, oversleep = {0, 5, -4, 40, 0, 0, 0, 0};
@@ -113,9 +113,10 @@ TEST_F(Frames, LateFramesWarnUnlessFirstOrExcusedOnlyOversleepsCarryAndGameOverE
   EXPECT_EQ((std::vector<int>{8, 0, 1}), std::vector<int>(p_spy->steps.end() - 3, p_spy->steps.end()));
 }
 
-class FramesAcrossAJump : public HeadlessEngine, public ::testing::WithParamInterface<ot_test::ClockJump> {};
+class GameManagerClockJump : public HeadlessEngine,
+                             public ::testing::WithParamInterface<ot_test::ClockJump> {};
 
-TEST_P(FramesAcrossAJump, KeepTheirPeriodWithoutAWarning) {
+TEST_P(GameManagerClockJump, FramesKeepTheirPeriod) {
   FakeClock clock;
   FakeClock::setTime(GetParam().at - 200000);  // the jump falls in the work of frame 6
   std::vector<std::int64_t> starts;
@@ -135,7 +136,7 @@ TEST_P(FramesAcrossAJump, KeepTheirPeriodWithoutAWarning) {
     EXPECT_EQ(std::string::npos, line.find("Can't keep up!")) << line;
 }
 
-INSTANTIATE_TEST_SUITE_P(ClockJumps, FramesAcrossAJump, ::testing::ValuesIn(ot_test::CLOCK_JUMPS),
+INSTANTIATE_TEST_SUITE_P(ClockJumps, GameManagerClockJump, ::testing::ValuesIn(ot_test::CLOCK_JUMPS),
                          [](const ::testing::TestParamInfo<ot_test::ClockJump>& jump) {
                            return std::string(jump.param.name);
                          });

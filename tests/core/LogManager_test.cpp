@@ -17,16 +17,16 @@ static Lines tail(size_t n, const std::string& path = testLogPath()) {
   return Lines(log.end() - std::min(n, log.size()), log.end());
 }
 
-class LogFile : public HeadlessEngine {};
+class LogManagerTest : public HeadlessEngine {};
 
-TEST_F(LogFile, LineIsTimeStepCountAndTextAndItsCountIsTheText) {
+TEST_F(LogManagerTest, LinesArePrefixed) {
   EXPECT_EQ(8, logger().writeLog("hello %d", 42));
   std::ifstream file(testLogPath());
   std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   EXPECT_TRUE(std::regex_search(text, std::regex(R"(\n\d\d:\d\d:\d\d [ \d]{3}\d hello 42\n$)"))) << text;
 }
 
-TEST_F(LogFile, DropsLinesAboveTheLevelAndFlushesEachLineWhenAsked) {
+TEST_F(LogManagerTest, DropsLinesAboveTheLevel) {
   logger().setFlush(false);
   EXPECT_EQ(0, logger().writeLog(1, "dropped"));
   logger().setLogLevel(1);
@@ -38,7 +38,7 @@ TEST_F(LogFile, DropsLinesAboveTheLevelAndFlushesEachLineWhenAsked) {
   EXPECT_EQ((Lines{"kept at one", "LogManager::setLogLevel(): log level 2", "right away"}), tail(3));
 }
 
-TEST_F(LogFile, RefusesASecondStartMyLogOpensAFileOnceWhateverTheLevelAndShutDownSaysSo) {
+TEST_F(LogManagerTest, MyLogIgnoresTheLevel) {
   EXPECT_EQ(-1, logger().startUp());
   std::string mine = writeTempFile("mine.log", "");
   logger().setLogLevel(5);
@@ -58,7 +58,7 @@ TEST_F(LogFile, RefusesASecondStartMyLogOpensAFileOnceWhateverTheLevelAndShutDow
       tail(8));
 }
 
-TEST(LogManager, BeforeStartUpWritesToStandardErrorAndAFailedStartSaysWhy) {
+TEST(LogManager, BeforeStartUpWritesToStandardError) {
   setenv("OSTREL_LOG", "/nonexistent-dir/x.log", 1);
   testing::internal::CaptureStderr();
   logger().writeLog("early");

@@ -19,11 +19,11 @@ static int send(const std::string& label) {
   return world().onEvent(&e);
 }
 
-class Interests : public HeadlessEngine {
+class ManagerTest : public HeadlessEngine {
   int logLevel() const override { return 1; }
 };
 
-TEST_F(Interests, TableKeepsOneEntryPerObjectRefusesTheHundredAndFirstLabelSilentlyAndClosesGaps) {
+TEST_F(ManagerTest, InterestTableHoldsAHundredLabels) {
   auto* p_spy = new SpyObject;
   for (int i = 0; i < 100; i++) ASSERT_EQ(0, world().registerInterest(p_spy, "l" + std::to_string(i)));
   EXPECT_EQ(0, world().registerInterest(p_spy, "l7"));
@@ -41,7 +41,7 @@ TEST_F(Interests, TableKeepsOneEntryPerObjectRefusesTheHundredAndFirstLabelSilen
   for (int i = 1; i <= 100; i++) world().unregisterInterest(p_spy, "l" + std::to_string(i));
 }
 
-TEST_F(Interests, WarnsOfRepeatedStartsAndStopsAndOfUndefinedOrRefusedEventsThatReachNobody) {
+TEST_F(ManagerTest, WarnsOfMisuse) {
   ot::Manager m;
   m.startUp();
   m.startUp();
@@ -65,7 +65,7 @@ TEST_F(Interests, WarnsOfRepeatedStartsAndStopsAndOfUndefinedOrRefusedEventsThat
             std::vector<std::string>(log.end() - 5, log.end()));
 }
 
-TEST_F(Interests, DeliveryWalksACopyTestsActivityObjectByObjectAndCountsWhoHandledIt) {
+TEST_F(ManagerTest, DeliveryWalksACopy) {
   SpyObject* p[3] = {new SpyObject, new SpyObject, new SpyObject};
   for (SpyObject* p_spy : p) p_spy->registerInterest("ping");
   p[1]->result = 0;
@@ -79,7 +79,7 @@ TEST_F(Interests, DeliveryWalksACopyTestsActivityObjectByObjectAndCountsWhoHandl
   EXPECT_EQ(0, send("ping") + p[2]->count("ping"));
 }
 
-TEST_F(Interests, AHandlerMaySendTheSameEventAgainWhileItIsDelivered) {
+TEST_F(ManagerTest, AHandlerMaySendTheSameEventAgainWhileItIsDelivered) {
   SpyObject* p[2] = {new SpyObject, new SpyObject};
   for (SpyObject* p_spy : p) p_spy->registerInterest("echo");
   int inner = -1;

@@ -25,7 +25,7 @@ static Items itemsOf(const ObjectList& list) {
   return items;
 }
 
-TEST(ObjectList, GrowsByDoublingKeepsOrderAndClearKeepsCapacity) {
+TEST(ObjectList, GrowsByDoubling) {
   ObjectList list;
   std::string full;  // after each insert: F when full
   for (int n = 1; n <= 9; n++) full += list.insert(fake(n)) == 0 && list.isFull() ? "F" : "-";
@@ -37,7 +37,7 @@ TEST(ObjectList, GrowsByDoublingKeepsOrderAndClearKeepsCapacity) {
   EXPECT_EQ(std::string(15, '-') + "F", full);
 }
 
-TEST(ObjectList, RemovesTheFirstMatchFromIndependentCopiesAndSumsAppend) {
+TEST(ObjectList, CopiesAreIndependent) {
   ObjectList a = listOf({1, 2, 1}), b(a), c;
   c = a;
   c = c;
@@ -65,7 +65,7 @@ TEST(ObjectList, IndexOutOfRangeLogsThenThrows) {
     EXPECT_NE(err.npos, err.find("ObjectList::operator[](): Error! Index " + range + "\n")) << err;
 }
 
-TEST(ObjectListIterator, StopsEarlyWhenTheListShrinksAndAssignmentStartsOver) {
+TEST(ObjectListIterator, StopsEarlyWhenTheListShrinks) {
   ObjectList list = listOf({0, 1, 2});
   ot::ObjectListIterator it(&list), other(&list);
   it.next();

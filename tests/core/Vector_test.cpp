@@ -4,7 +4,7 @@
 
 using ot::Vector;
 
-TEST(Vector, NormalizeLeavesZeroAloneComparesExactlyAndPrintsWithoutBlanks) {
+TEST(Vector, NormalizeLeavesZeroAlone) {
   Vector v(3, 4), zero;
   v.normalize();
   zero.normalize();

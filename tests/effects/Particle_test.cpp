@@ -7,7 +7,7 @@
 
 using ParticleTest = ot_test::HeadlessEngine;
 
-TEST_F(ParticleTest, IsASpectralCircleOnTopWithIdZeroAndAShapeOfItsOwn) {
+TEST_F(ParticleTest, IsASpectralCircleOnTop) {
   auto* p_before = new ot_test::SpyObject();
   auto* p = new ot::Particle(2.5f, 5, 77, 1, 2, 3);
   auto* p_green = new ot::Particle(1.0f, 5, 255, ot::GREEN);  // refills the shared Shape
@@ -28,7 +28,7 @@ TEST_F(ParticleTest, IsASpectralCircleOnTopWithIdZeroAndAShapeOfItsOwn) {
   EXPECT_EQ(0, p->eventHandler(&other));
 }
 
-TEST_F(ParticleTest, AgeNIsMarkedOnTheNthStepAndLeavingTheViewAtOnce) {
+TEST_F(ParticleTest, AgeNIsMarkedOnTheNthStep) {
   auto particles = [] { return ot::WorldManager::getInstance().objectsOfType("Particle").getCount(); };
   new ot::Particle(1.0f, 3, 255, 1, 1, 1);
   ot_test::runFrames(2);

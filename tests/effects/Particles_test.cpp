@@ -61,7 +61,7 @@ void expectReplayed(const Burst& a, const ot::Object* p_o) {
   EXPECT_NEAR(v.getY(), p_o->getVelocity().getY(), 1e-6f);
 }
 
-TEST_F(ParticlesTest, GeneralFormAndPresetsDrawInTheFixedOrder) {
+TEST_F(ParticlesTest, PresetsDrawInTheFixedOrder) {
   const float s = 2.0f, spark = 0.08f * (1 + s / 4), fw = 0.1f * (1 + s / 3);
   const Burst cases[] = {
       {-1, 3, 3, Vector(0.6f, -0.8f), 0.5f, 2, 1, 0.5f, 0.2f, 30, 10, 200, 40, 100, 0, 50, 60},
@@ -103,7 +103,7 @@ TEST_F(ParticlesTest, GeneralFormAndPresetsDrawInTheFixedOrder) {
   EXPECT_EQ("addParticles(): Type 5 not defined.", logMessages().back());
 }
 
-TEST_F(ParticlesTest, PrecipitationFillsTheWorldByAreaDrawingAllSizesBeforePlacing) {
+TEST_F(ParticlesTest, PrecipitationDrawsAllSizesBeforePlacing) {
   const Vector axis[] = {Vector(0, -1), Vector(0, 1), Vector(-1, 0), Vector(1, 0)};  // by direction
   // 80 x 24 spaces make 1920 / 60 flakes or drops, 1920 / 120 stars; a star's speed is 1 / d.
   for (auto [type, direction, count, shade, opacity, altitude, wobble, speed] :

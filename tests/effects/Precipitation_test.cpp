@@ -29,7 +29,7 @@ TEST_F(PrecipitationTest, ReentersBeyondTheFarEdge) {
   EXPECT_EQ(-1, flake(7)->eventHandler(&out));
 }
 
-TEST_F(PrecipitationTest, WobbleDriftsAtMostAQuarterOfTheFirstSpeedAndAStillFlakeOnlySideways) {
+TEST_F(PrecipitationTest, WobbleDriftsAtMostAQuarterOfTheFirstSpeed) {
   ot::EventStep step;
   for (float speed : {0.25f, 0.0f}) {
     auto* p = new ot::Precipitation(3, ot::DOWN, 128, 255, 255, 255);

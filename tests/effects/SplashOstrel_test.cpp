@@ -27,7 +27,7 @@ std::tuple<int, int, int, ot::Color> look(const ot::Object* p_o) {
   return {p_sprite->getFrameCount(), p_sprite->getWidth(), p_sprite->getHeight(), p_sprite->getColor()};
 }
 
-TEST_F(SplashOstrelTest, RisesFromBelowInThirtyStepsHoldsThenRestsAndEndsTheLoop) {
+TEST_F(SplashOstrelTest, RisesFromBelowInThirtySteps) {
   const Vector end(62.0f, 13.0f);
   auto* p_creature = new ot::SplashOstrel(end);
   // Six below the 24-row view, rising by a thirtieth of the way each step.
@@ -68,7 +68,7 @@ TEST_F(SplashOstrelTest, RisesFromBelowInThirtyStepsHoldsThenRestsAndEndsTheLoop
   EXPECT_EQ(0, ot::WorldManager::getInstance().objectsOfType("SplashOstrel").getCount());
 }
 
-TEST_F(SplashOstrelTest, AKeyEndsTheLoopAndAfterGameOverItOnlyLeaves) {
+TEST_F(SplashOstrelTest, AKeyEndsTheLoop) {
   auto* p_creature = new ot::SplashOstrel(Vector(40.0f, 12.0f));
   ot::EventKeyboard key;
   EXPECT_EQ(1, p_creature->eventHandler(&key));

@@ -41,7 +41,7 @@ void PrintTo(const Sequence& sequence, std::ostream* p_out) { *p_out << sequence
 
 class SplashRun : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<Sequence> {};
 
-TEST_P(SplashRun, EndsOnItsOwnAfterNinetyStepsOrAtOnceOnAKeyLeavingNothingBehind) {
+TEST_P(SplashRun, EndsAfterNinetyStepsOrOnAKey) {
   ot::LogManager::getInstance().setLogLevel(10);
   const Sequence sequence = GetParam();
   auto* p_spy = new ot_test::SpyObject;
@@ -88,7 +88,7 @@ TEST_F(SplashTest, RefusedBeforeStartUpWithItsMessage) {
   ot::GameManager::getInstance().startUp();
 }
 
-TEST_F(SplashTest, NameStartsPastTheRightEdgeAndStopsUprightWithTheCreatureToItsRight) {
+TEST_F(SplashTest, NameFliesInFromPastTheRightEdge) {
   auto* p_name = new ot::Splash;
   // Half the 47-wide name past the 80-wide view, on the middle row.
   EXPECT_EQ(Vector(103.5f, 12.0f), p_name->getPosition());

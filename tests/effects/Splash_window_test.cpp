@@ -47,7 +47,7 @@ Inks inks() {
   return found;
 }
 
-TEST_F(SplashWindowTest, NameInGreenTheCreatureFliesInBlueBesideItAndRestsInGreen) {
+TEST_F(SplashWindowTest, CreatureFliesInBlueBesideTheGreenName) {
   std::map<int, Inks> seen;
   auto* p_spy = new ot_test::SpyObject;
   p_spy->setSolidness(ot::SPECTRAL);

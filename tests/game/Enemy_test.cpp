@@ -33,12 +33,9 @@ TEST_P(EnemyKind, TakesTheNumbersOfItsKind) {
   const Kind& kind = GetParam();
   makeLevel();
   auto* p_enemy = new Enemy(kind.type, 5, 5);
-  EXPECT_EQ(kind.max_hp, p_enemy->getMaxHp());
-  EXPECT_EQ(kind.max_hp, p_enemy->getHp());
-  EXPECT_EQ(kind.damage, p_enemy->getDamage());
-  EXPECT_EQ(kind.reward, p_enemy->getReward());
-  EXPECT_EQ(kind.period, p_enemy->getMovePeriod());
-  EXPECT_EQ(kind.sight, p_enemy->getSight());
+  EXPECT_EQ(std::make_tuple(kind.max_hp, kind.max_hp, kind.damage, kind.reward, kind.period, kind.sight),
+            std::make_tuple(p_enemy->getMaxHp(), p_enemy->getHp(), p_enemy->getDamage(), p_enemy->getReward(),
+                            p_enemy->getMovePeriod(), p_enemy->getSight()));
   EXPECT_EQ(Level::tileCenter(5, 5), p_enemy->getPosition());
   EXPECT_EQ("Enemy", p_enemy->Object::getType());  // the type name, under the kind
 }
@@ -51,18 +48,16 @@ INSTANTIATE_TEST_SUITE_P(Kinds, EnemyKind,
 // Type, level, and the hit points and damage it gives.
 class EnemyLevel : public EnemyTest, public ::testing::WithParamInterface<std::tuple<int, int, int, int>> {};
 
-TEST_P(EnemyLevel, EachLevelAddsHalfTheBaseHitPointsRoundedUpAndOneDamage) {
+TEST_P(EnemyLevel, EachLevelAddsHalfTheBaseHitPoints) {
   auto [type, level, max_hp, damage] = GetParam();
   makeLevel();
   auto* p_enemy = new Enemy(type, 5, 5);
   p_enemy->setLevel(level);
-  EXPECT_EQ(max_hp, p_enemy->getMaxHp());
-  EXPECT_EQ(max_hp, p_enemy->getHp());
-  EXPECT_EQ(damage, p_enemy->getDamage());
+  EXPECT_EQ(std::make_tuple(max_hp, max_hp, damage),
+            std::make_tuple(p_enemy->getMaxHp(), p_enemy->getHp(), p_enemy->getDamage()));
   g_enemy_level = level;
   auto* p_later = new Enemy(type, 6, 5);  // made after a rise: that level from the first
-  EXPECT_EQ(max_hp, p_later->getMaxHp());
-  EXPECT_EQ(level, p_later->getLevel());
+  EXPECT_EQ(std::make_pair(max_hp, level), std::make_pair(p_later->getMaxHp(), p_later->getLevel()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Levels, EnemyLevel,
@@ -70,18 +65,16 @@ INSTANTIATE_TEST_SUITE_P(Levels, EnemyLevel,
                                            std::make_tuple(1, 1, 3, 2), std::make_tuple(2, 3, 20, 6),
                                            std::make_tuple(2, 0, 8, 3)));
 
-TEST_F(EnemyTest, ALevelRiseKeepsTheDamageTakenAndLevelsNeverFall) {
+TEST_F(EnemyTest, ALevelRiseKeepsTheDamageTaken) {
   makeLevel();
   auto* p_slime = new Enemy(0, 5, 5);
   p_slime->takeDamage(1);
   p_slime->setLevel(2);
-  EXPECT_EQ(5, p_slime->getHp());
-  EXPECT_EQ(6, p_slime->getMaxHp());
+  EXPECT_EQ(std::make_pair(5, 6), std::make_pair(p_slime->getHp(), p_slime->getMaxHp()));
   p_slime->setLevel(1);
   p_slime->setLevel(2);
-  EXPECT_EQ(6, p_slime->getMaxHp());
-  EXPECT_EQ(3, p_slime->getDamage());
-  EXPECT_EQ(2, p_slime->getLevel());
+  EXPECT_EQ(std::make_tuple(6, 3, 2),
+            std::make_tuple(p_slime->getMaxHp(), p_slime->getDamage(), p_slime->getLevel()));
 }
 
 TEST_F(EnemyTest, StrikesTheHeroFromANeighbouringTileAtItsBeat) {
@@ -104,8 +97,7 @@ TEST_F(EnemyTest, FromADiagonalNeighbourItStepsInsteadOfStriking) {
   Enemy* p_slime = enemyActingAfter(0, 4, 3, steps);
   step(steps);
   EXPECT_EQ(10, p_hero->getHp());
-  EXPECT_EQ(3, p_slime->getGx());  // a tie goes sideways first
-  EXPECT_EQ(3, p_slime->getGy());
+  EXPECT_EQ(std::make_pair(3, 3), std::make_pair(p_slime->getGx(), p_slime->getGy()));  // a tie goes sideways
 }
 
 TEST_F(EnemyTest, ABlockedBlowStunsItForThirtyStepsThenItsBeatGoesOn) {
@@ -125,19 +117,16 @@ TEST_F(EnemyTest, ABlockedBlowStunsItForThirtyStepsThenItsBeatGoesOn) {
   EXPECT_EQ(9, p_hero->getHp());
 }
 
-TEST_F(EnemyTest, ChasesAlongTheLongerAxisAndTakesTheOtherWhenBlocked) {
+TEST_F(EnemyTest, ChasesAlongTheLongerAxis) {
   makeHero();  // at (3,2)
   int steps = 0;
   Enemy* p_far = enemyActingAfter(0, 7, 3, steps);
   step(steps);
-  EXPECT_EQ(6, p_far->getGx());
-  EXPECT_EQ(3, p_far->getGy());
-
+  EXPECT_EQ(std::make_pair(6, 3), std::make_pair(p_far->getGx(), p_far->getGy()));
   // From (4,6) up is a wall; it goes left instead.
   Enemy* p_walled = enemyActingAfter(0, 4, 6, steps, 11);
   step(steps);
-  EXPECT_EQ(3, p_walled->getGx());
-  EXPECT_EQ(6, p_walled->getGy());
+  EXPECT_EQ(std::make_pair(3, 6), std::make_pair(p_walled->getGx(), p_walled->getGy()));
 }
 
 TEST_F(EnemyTest, BlockedOnBothAxesItWanders) {
@@ -150,9 +139,8 @@ TEST_F(EnemyTest, BlockedOnBothAxesItWanders) {
   auto* p_slime = new Enemy(0, 4, 6);
   step(steps);
   // Right, left (taken), down, up (wall); a failed wander stays put.
-  const int expected[4][2] = {{5, 6}, {4, 6}, {4, 7}, {4, 6}};
-  EXPECT_EQ(expected[direction][0], p_slime->getGx());
-  EXPECT_EQ(expected[direction][1], p_slime->getGy());
+  const std::pair<int, int> expected[4] = {{5, 6}, {4, 6}, {4, 7}, {4, 6}};
+  EXPECT_EQ(expected[direction], std::make_pair(p_slime->getGx(), p_slime->getGy()));
 }
 
 TEST_F(EnemyTest, DeathPaysTheHeroButAStashedEnemyPaysNothing) {
@@ -160,13 +148,11 @@ TEST_F(EnemyTest, DeathPaysTheHeroButAStashedEnemyPaysNothing) {
   auto* p_bat = new Enemy(1, 10, 10);
   auto* p_brute = new Enemy(2, 11, 10);
   EXPECT_TRUE(p_bat->takeDamage(5));
-  EXPECT_EQ(15, p_hero->getGold());
-  EXPECT_EQ(15, p_hero->getScore());
-  EXPECT_EQ(1, p_hero->getKills());
+  EXPECT_EQ(std::make_tuple(15, 15, 1),
+            std::make_tuple(p_hero->getGold(), p_hero->getScore(), p_hero->getKills()));
   EXPECT_GT(countOf("Particle"), 0);
   p_brute->removeSilently();
-  EXPECT_EQ(0, p_brute->getHp());
-  EXPECT_EQ(15, p_hero->getGold());
+  EXPECT_EQ(std::make_pair(0, 15), std::make_pair(p_brute->getHp(), p_hero->getGold()));
   ot_test::runFrames(1);
   EXPECT_EQ(0, countOf("Enemy"));
 }

@@ -49,13 +49,11 @@ class FloorsTest : public ot_test::GameWorld {
 };
 
 TEST_F(FloorsTest, StairsWorkOnlyFromTheStairsTile) {
-  EXPECT_FALSE(useStairs(p_hero));
-  EXPECT_FALSE(useStairs(nullptr));
-  EXPECT_EQ(0, getLevel()->getFloor());
-  EXPECT_EQ(23, countOf("Enemy"));
+  EXPECT_FALSE(useStairs(p_hero) || useStairs(nullptr));
+  EXPECT_EQ(std::make_pair(0, 23), std::make_pair(getLevel()->getFloor(), countOf("Enemy")));
 }
 
-TEST_F(FloorsTest, AFirstVisitSpawnsTheNewFloorAndAReturnFindsTheOldAsItWasLeft) {
+TEST_F(FloorsTest, AReturnFindsAFloorAsItWasLeft) {
   createHud();
   firstEnemy()->takeDamage(1);
   std::vector<EnemyState> floor_one = livingEnemies();
@@ -63,21 +61,17 @@ TEST_F(FloorsTest, AFirstVisitSpawnsTheNewFloorAndAReturnFindsTheOldAsItWasLeft)
   new Slash(4, 2, 1, p_hero);
 
   takeStairs();
-  EXPECT_EQ(1, getLevel()->getFloor());
-  EXPECT_EQ(44, p_hero->getGx());
-  EXPECT_EQ(27, p_hero->getGy());
-  EXPECT_EQ(23, countOf("Enemy"));
-  EXPECT_EQ(0, countOf("Projectile") + countOf("Slash"));
-  EXPECT_TRUE(g_floor_visited[1]);
-  EXPECT_EQ(23u, g_floor_stash[0].size());
-  EXPECT_EQ(2, hudValue("Floor"));
+  EXPECT_EQ(std::make_tuple(1, 44, 27, 23, 0, true, size_t{23}, 2),
+            std::make_tuple(getLevel()->getFloor(), p_hero->getGx(), p_hero->getGy(), countOf("Enemy"),
+                            countOf("Projectile") + countOf("Slash"), g_floor_visited[1],
+                            g_floor_stash[0].size(), hudValue("Floor")));
   EXPECT_TRUE(ot_test::logHas(logMessages(), "useStairs(): floor 1 -> floor 2"));
 
   takeStairs();
   EXPECT_EQ(0, getLevel()->getFloor());
   EXPECT_EQ(floor_one, livingEnemies());
-  EXPECT_TRUE(g_floor_stash[0].empty());
-  EXPECT_EQ(23u, g_floor_stash[1].size());
+  EXPECT_EQ(std::make_pair(size_t{0}, size_t{23}),
+            std::make_pair(g_floor_stash[0].size(), g_floor_stash[1].size()));
   EXPECT_TRUE(ot_test::logHas(logMessages(), "useStairs(): floor 2 -> floor 1"));
 }
 
@@ -90,11 +84,10 @@ TEST_F(FloorsTest, AStashedEnemyComesBackAtThePresentLevelLessItsDamage) {
   EXPECT_EQ((std::vector<EnemyState>{{0, 10, 3, 3}, {0, 12, 3, 5}}), livingEnemies());
 }
 
-TEST_F(FloorsTest, SavingTakesEnemiesOutWithoutRewardAndRemoveAllOfTypeMarksThemAll) {
+TEST_F(FloorsTest, SavingTakesEnemiesOutWithoutReward) {
   saveEnemies(0);
-  EXPECT_EQ(23u, g_floor_stash[0].size());
-  EXPECT_EQ(0, p_hero->getGold());
-  EXPECT_TRUE(livingEnemies().empty());
+  EXPECT_EQ(std::make_tuple(size_t{23}, 0, size_t{0}),
+            std::make_tuple(g_floor_stash[0].size(), p_hero->getGold(), livingEnemies().size()));
   restoreEnemies(0);
   EXPECT_EQ(23u, livingEnemies().size());
   removeAllOfType("Enemy");

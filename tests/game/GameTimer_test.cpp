@@ -9,17 +9,16 @@
 namespace {
 
 // Seconds, the level they earn, the time to the next rise, and its text.
-class GameClockRule : public ::testing::TestWithParam<std::tuple<int, int, int, std::string>> {};
+class GameTimerRule : public ::testing::TestWithParam<std::tuple<int, int, int, std::string>> {};
 
-TEST_P(GameClockRule, LevelRisesAtTwoAndFourMinutesThenEveryMinute) {
+TEST_P(GameTimerRule, LevelRisesOnItsSchedule) {
   auto [seconds, level, to_next, text] = GetParam();
-  EXPECT_EQ(level, levelForTime(seconds));
-  EXPECT_EQ(to_next, secondsToNextLevel(seconds));
-  EXPECT_EQ(text, formatTime(seconds));
+  EXPECT_EQ(std::make_tuple(level, to_next, text),
+            std::make_tuple(levelForTime(seconds), secondsToNextLevel(seconds), formatTime(seconds)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Times, GameClockRule,
+    Times, GameTimerRule,
     ::testing::Values(std::make_tuple(0, 0, 120, "0:00"), std::make_tuple(119, 0, 1, "1:59"),
                       std::make_tuple(120, 1, 120, "2:00"), std::make_tuple(239, 1, 1, "3:59"),
                       std::make_tuple(240, 2, 60, "4:00"), std::make_tuple(299, 2, 1, "4:59"),
@@ -31,7 +30,7 @@ class GameTimerTest : public ot_test::GameWorld {
   static int stepsFor(int seconds) { return (seconds * 1000 + 32) / 33; }
 };
 
-TEST_F(GameTimerTest, TheStatusLineShowsTimeLevelAndTheNextRise) {
+TEST_F(GameTimerTest, TheStatusLineShowsTheNextRise) {
   makeHero();
   auto* p_timer = new GameTimer;
   EXPECT_EQ("Time 0:00   Enemy Lv 0 (next 2:00)", p_timer->statusLine());
@@ -41,7 +40,7 @@ TEST_F(GameTimerTest, TheStatusLineShowsTimeLevelAndTheNextRise) {
   EXPECT_EQ("Time 2:00   Enemy Lv 1 (next 2:00)", p_timer->statusLine());
 }
 
-TEST_F(GameTimerTest, ARiseBoostsLivingEnemiesAndWarnsShakesAndLogs) {
+TEST_F(GameTimerTest, ARiseBoostsLivingEnemies) {
   makeHero();
   g_enemy_level = 5;
   auto* p_timer = new GameTimer;  // takes the level back to 0
@@ -53,18 +52,15 @@ TEST_F(GameTimerTest, ARiseBoostsLivingEnemiesAndWarnsShakesAndLogs) {
   step(stepsFor(120) - 1);
   EXPECT_EQ(0, getEnemyLevel());
   step(1);
-  EXPECT_EQ(1, getEnemyLevel());
-  EXPECT_EQ(4, p_slime->getHp());
-  EXPECT_EQ(5, p_slime->getMaxHp());
-  EXPECT_EQ(0, p_dead->getLevel());
-  EXPECT_EQ(90, p_timer->getFlashTimer());
-  EXPECT_EQ(6, ot::DisplayManager::getInstance().getShakeDuration());
+  EXPECT_EQ(std::make_tuple(1, 4, 5, 0, 90, 6),
+            std::make_tuple(getEnemyLevel(), p_slime->getHp(), p_slime->getMaxHp(), p_dead->getLevel(),
+                            p_timer->getFlashTimer(), ot::DisplayManager::getInstance().getShakeDuration()));
   EXPECT_TRUE(ot_test::logHas(logMessages(), "GameTimer: enemies boosted to level 1"));
   step(1);
   EXPECT_EQ(89, p_timer->getFlashTimer());
 }
 
-TEST_F(GameTimerTest, TheClockRunsInTheShopAndStopsWhenTheHeroIsGone) {
+TEST_F(GameTimerTest, TheClockStopsWhenTheHeroIsGone) {
   Hero* p_hero = makeHero();
   auto* p_timer = new GameTimer;
   p_hero->getShop()->open();

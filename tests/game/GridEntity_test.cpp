@@ -1,5 +1,8 @@
 #include "game/GridEntity.h"
 
+#include <tuple>
+#include <utility>
+
 #include "engine/world/WorldManager.h"
 #include "game/Level.h"
 #include "tests/support/GameWorld.h"
@@ -29,16 +32,16 @@ class GridEntityTest : public ot_test::GameWorld {
   }
 };
 
-TEST_F(GridEntityTest, StepsOntoFreeFloorAndJumpsToTheTileCentre) {
+TEST_F(GridEntityTest, StepsOntoTheNextTileCentre) {
   auto* p_unit = new Dummy(3, 2, 5);
   EXPECT_EQ(ot::SOFT, p_unit->getSolidness());
   EXPECT_EQ(Level::tileCenter(3, 2), p_unit->getPosition());
   EXPECT_TRUE(p_unit->tryMove(1, 0));
-  EXPECT_EQ(4, p_unit->getGx());
-  EXPECT_EQ(Level::tileCenter(4, 2), p_unit->getPosition());
+  EXPECT_EQ(std::make_pair(4, Level::tileCenter(4, 2)),
+            std::make_pair(p_unit->getGx(), p_unit->getPosition()));
 }
 
-TEST_F(GridEntityTest, WallsClosedDoorsAndLivingCreaturesBlockAStep) {
+TEST_F(GridEntityTest, ObstaclesBlockAStep) {
   auto* p_unit = new Dummy(1, 1, 5);
   EXPECT_FALSE(p_unit->tryMove(-1, 0));  // wall
   auto* p_door_side = new Dummy(34, 15, 5);
@@ -63,21 +66,19 @@ TEST_F(GridEntityTest, UnitAtFindsOnlyLivingCreaturesOtherThanTheSkipped) {
   EXPECT_EQ(nullptr, unitAt(5, 5, nullptr));
 }
 
-TEST_F(GridEntityTest, DamageKillsOnceAndNeverLeavesHitPointsBelowZero) {
+TEST_F(GridEntityTest, DamageKillsOnce) {
   auto* p_unit = new Dummy(5, 5, 3);
-  EXPECT_FALSE(p_unit->takeDamage(0));
-  EXPECT_EQ(3, p_unit->getHp());
-  EXPECT_FALSE(p_unit->takeDamage(1));
-  EXPECT_EQ(2, p_unit->getHp());
-  EXPECT_TRUE(p_unit->takeDamage(7));
-  EXPECT_EQ(0, p_unit->getHp());
-  EXPECT_FALSE(p_unit->takeDamage(1));
+  for (auto [damage, killed, hp] :
+       {std::make_tuple(0, false, 3), {1, false, 2}, {7, true, 0}, {1, false, 0}}) {
+    EXPECT_EQ(killed, p_unit->takeDamage(damage)) << damage;
+    EXPECT_EQ(hp, p_unit->getHp()) << damage;
+  }
   EXPECT_EQ(1, p_unit->deaths);
   ot_test::runFrames(1);
   EXPECT_EQ(0, ot::WorldManager::getInstance().objectsOfType("(Undefined)").getCount());
 }
 
-TEST_F(GridEntityTest, HealStopsAtTheMaximumAndALowerMaximumLowersHitPoints) {
+TEST_F(GridEntityTest, HitPointsStayWithinTheMaximum) {
   auto* p_unit = new Dummy(5, 5, 6);
   p_unit->heal(3);
   EXPECT_EQ(6, p_unit->getHp());
@@ -87,8 +88,7 @@ TEST_F(GridEntityTest, HealStopsAtTheMaximumAndALowerMaximumLowersHitPoints) {
   p_unit->setMaxHp(2);
   EXPECT_EQ(2, p_unit->getHp());
   p_unit->setMaxHp(9);
-  EXPECT_EQ(2, p_unit->getHp());
-  EXPECT_EQ(9, p_unit->getMaxHp());
+  EXPECT_EQ(std::make_pair(2, 9), std::make_pair(p_unit->getHp(), p_unit->getMaxHp()));
 }
 
 }  // namespace

@@ -31,14 +31,10 @@ class HeroTest : public ot_test::GameWorld {
   Hero* p_hero = nullptr;
 };
 
-TEST_F(HeroTest, StartsOnTheStartTileWithTenHitPointsAndTheViewFollowing) {
-  EXPECT_EQ(3, p_hero->getGx());
-  EXPECT_EQ(2, p_hero->getGy());
-  EXPECT_EQ(10, p_hero->getHp());
-  EXPECT_EQ(10, p_hero->getMaxHp());
-  EXPECT_EQ(2, p_hero->getMeleeDamage());
-  EXPECT_EQ(1, p_hero->getRangedDamage());
-  EXPECT_EQ(3, p_hero->getAltitude());
+TEST_F(HeroTest, StartsOnTheStartTile) {
+  EXPECT_EQ(std::make_tuple(3, 2, 10, 10, 2, 1, 3),
+            std::make_tuple(p_hero->getGx(), p_hero->getGy(), p_hero->getHp(), p_hero->getMaxHp(),
+                            p_hero->getMeleeDamage(), p_hero->getRangedDamage(), p_hero->getAltitude()));
   EXPECT_EQ(p_hero, ot::WorldManager::getInstance().getViewFollowing());
   EXPECT_EQ(1, countOf("Shop"));
 }
@@ -64,14 +60,12 @@ TEST_F(HeroTest, ABlockedStepCostsNoCooldownSoTurningMovesAtOnce) {
   EXPECT_EQ(2, p_hero->getGx());
 }
 
-TEST_F(HeroTest, BlockLastsTenStepsAndComesBackAfterTwentyFive) {
+TEST_F(HeroTest, BlockLastsTenSteps) {
   key(K::LEFTSHIFT, ot::KEY_PRESSED);
-  EXPECT_TRUE(p_hero->isBlocking());
-  EXPECT_TRUE(p_hero->absorbBlow());
+  EXPECT_TRUE(p_hero->isBlocking() && p_hero->absorbBlow());
   EXPECT_EQ(10, p_hero->getHp());
   step(10);
-  EXPECT_FALSE(p_hero->isBlocking());
-  EXPECT_FALSE(p_hero->absorbBlow());
+  EXPECT_FALSE(p_hero->isBlocking() || p_hero->absorbBlow());
   key(K::RIGHTSHIFT, ot::KEY_PRESSED);
   EXPECT_FALSE(p_hero->isBlocking());
   step(15);
@@ -97,11 +91,9 @@ class HeroAim : public HeroTest, public ::testing::WithParamInterface<std::tuple
 TEST_P(HeroAim, AimsByWhatTheEyeSeesWithTiesGoingSideways) {
   auto [offset, dx, dy] = GetParam();
   mouse(ot::MOVED, ot::Mouse::UNDEFINED_MOUSE_BUTTON, p_hero->getPosition() + offset);
-  int aim_x = 9;
-  int aim_y = 9;
+  int aim_x = 9, aim_y = 9;
   p_hero->computeAim(aim_x, aim_y);
-  EXPECT_EQ(dx, aim_x);
-  EXPECT_EQ(dy, aim_y);
+  EXPECT_EQ(std::make_pair(dx, dy), std::make_pair(aim_x, aim_y));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -126,7 +118,7 @@ TEST_F(HeroTest, ASwordBlowStrikesTheAimedTileOncePerEightSteps) {
   EXPECT_EQ(2, countOf("Slash"));
 }
 
-TEST_F(HeroTest, ABlowAtAWallIsSpentButAClosedDoorCanBeStruck) {
+TEST_F(HeroTest, ABlowAtAWallIsSpent) {
   holdFor(K::W, 1);  // to (3,1), under the wall
   clickAt(ot::Mouse::LEFT, Vector(0, -3));
   EXPECT_EQ(0, countOf("Slash"));
@@ -157,49 +149,43 @@ TEST_F(HeroTest, AnArrowLeavesFromTheHerosTileOncePerTwelveSteps) {
   EXPECT_EQ(2, countOf("Projectile"));
 }
 
-TEST_F(HeroTest, RewardsAndPurchasesReachTheHudAtOnce) {
+TEST_F(HeroTest, HudShowsChangesAtOnce) {
   createHud();
   EXPECT_EQ(10, hudValue("HP"));
   p_hero->addKillReward(15);
-  EXPECT_EQ(15, hudValue("Gold"));
-  EXPECT_EQ(15, hudValue("Score"));
-  EXPECT_EQ(1, p_hero->getKills());
+  EXPECT_EQ(std::make_tuple(15, 15, 1),
+            std::make_tuple(hudValue("Gold"), hudValue("Score"), p_hero->getKills()));
   EXPECT_FALSE(p_hero->spendGold(16));
   EXPECT_EQ(15, p_hero->getGold());
   EXPECT_TRUE(p_hero->spendGold(15));
-  EXPECT_EQ(0, hudValue("Gold"));
-  EXPECT_EQ(15, hudValue("Score"));
+  EXPECT_EQ(std::make_pair(0, 15), std::make_pair(hudValue("Gold"), hudValue("Score")));
   p_hero->takeDamage(7);
   EXPECT_EQ(3, hudValue("HP"));
   p_hero->addMaxHp(5);
-  EXPECT_EQ(8, p_hero->getHp());
-  EXPECT_EQ(15, p_hero->getMaxHp());
-  EXPECT_EQ(8, hudValue("HP"));
+  EXPECT_EQ(std::make_tuple(8, 15, 8), std::make_tuple(p_hero->getHp(), p_hero->getMaxHp(), hudValue("HP")));
   p_hero->healFull();
   EXPECT_EQ(15, hudValue("HP"));
 }
 
-TEST_F(HeroTest, DeathShowsZeroAndMakesTheEndScreenInTheSameFrame) {
+TEST_F(HeroTest, DeathMakesTheEndScreenInTheSameFrame) {
   createHud();
   EXPECT_TRUE(p_hero->takeDamage(12));
   EXPECT_EQ(0, hudValue("HP"));
   EXPECT_EQ(1, countOf("GameOver"));
   ot_test::runFrames(1);
-  EXPECT_EQ(0, countOf("Hero"));
-  EXPECT_EQ(0, countOf("Shop"));  // goes with the hero
+  EXPECT_EQ(0, countOf("Hero") + countOf("Shop"));  // the shop goes with the hero
   EXPECT_EQ(nullptr, ot::WorldManager::getInstance().getViewFollowing());
 }
 
-TEST_F(HeroTest, QEndsTheGameAndEOnPlainFloorDoesNothing) {
-  key(K::E, ot::KEY_PRESSED);
-  EXPECT_FALSE(p_hero->getShop()->isOpen());
+TEST_F(HeroTest, QEndsTheGame) {
+  key(K::E, ot::KEY_PRESSED);  // on plain floor: nothing
+  EXPECT_FALSE(p_hero->getShop()->isOpen() || ot::GameManager::getInstance().getGameOver());
   EXPECT_EQ(0, getLevel()->getFloor());
-  EXPECT_FALSE(ot::GameManager::getInstance().getGameOver());
   key(K::Q, ot::KEY_PRESSED);
   EXPECT_TRUE(ot::GameManager::getInstance().getGameOver());
 }
 
-TEST_F(HeroTest, InTheShopTheHeroIsStillAndUnhurtButQStillQuits) {
+TEST_F(HeroTest, TheShopFreezesTheHeroButNotQ) {
   p_hero->setGridPos(33, 6);
   key(K::E, ot::KEY_PRESSED);
   ASSERT_TRUE(p_hero->getShop()->isOpen());
@@ -208,9 +194,8 @@ TEST_F(HeroTest, InTheShopTheHeroIsStillAndUnhurtButQStillQuits) {
   clickAt(ot::Mouse::LEFT, Vector(5, 0));
   clickAt(ot::Mouse::RIGHT, Vector(5, 0));
   EXPECT_EQ(33, p_hero->getGx());
-  EXPECT_FALSE(p_hero->isBlocking());
+  EXPECT_FALSE(p_hero->isBlocking() || p_hero->takeDamage(5));
   EXPECT_EQ(0, countOf("Slash") + countOf("Projectile"));
-  EXPECT_FALSE(p_hero->takeDamage(5));
   EXPECT_EQ(10, p_hero->getHp());
   key(K::E, ot::KEY_PRESSED);
   EXPECT_FALSE(p_hero->getShop()->isOpen());

@@ -1,6 +1,7 @@
 #include "game/Level.h"
 
 #include <map>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -43,7 +44,7 @@ void PrintTo(const FloorFacts& facts, std::ostream* os) { *os << "floor index " 
 
 class LevelFloor : public LevelTest, public ::testing::WithParamInterface<FloorFacts> {};
 
-TEST_P(LevelFloor, HoldsItsSpawnPointsShopDoorsAndStairs) {
+TEST_P(LevelFloor, HoldsItsLandmarks) {
   const FloorFacts& facts = GetParam();
   p_level->setFloor(facts.floor);
   std::map<int, int> spawns;
@@ -73,13 +74,10 @@ INSTANTIATE_TEST_SUITE_P(
         FloorFacts{0, {{0, 12}, {1, 8}, {2, 3}}, {{33, 6}}, {{35, 15}, {47, 22}}, {{44, 27}}, 450},
         FloorFacts{1, {{0, 11}, {1, 9}, {2, 3}}, {{21, 12}}, {{41, 10}, {47, 15}}, {{44, 27}}, 557}));
 
-TEST_F(LevelTest, StartsOnFloorOneAtTheStartTileWithDoorsClosed) {
-  EXPECT_EQ(0, p_level->getFloor());
-  EXPECT_EQ(3, p_level->getStartX());
-  EXPECT_EQ(2, p_level->getStartY());
-  EXPECT_FALSE(p_level->doorsOpen());
-  EXPECT_EQ("Level", p_level->getType());
-  EXPECT_EQ(ot::SPECTRAL, p_level->getSolidness());
+TEST_F(LevelTest, StartsWithDoorsClosed) {
+  EXPECT_EQ(std::make_tuple(0, 3, 2, false, std::string("Level"), ot::SPECTRAL),
+            std::make_tuple(p_level->getFloor(), p_level->getStartX(), p_level->getStartY(),
+                            p_level->doorsOpen(), p_level->getType(), p_level->getSolidness()));
   EXPECT_EQ(mapBox(), p_level->getBox());  // never culled from the view
   std::vector<std::string> log = logMessages();
   EXPECT_TRUE(ot_test::logHas(log, "Level::Level(): 23 spawn points, start (3,2)."));
@@ -87,9 +85,7 @@ TEST_F(LevelTest, StartsOnFloorOneAtTheStartTileWithDoorsClosed) {
 }
 
 TEST_F(LevelTest, TileRulesAnswerForEveryKindOfTile) {
-  EXPECT_EQ(TILE_WALL, p_level->tileAt(-1, 0));
-  EXPECT_EQ(TILE_WALL, p_level->tileAt(60, 0));
-  EXPECT_EQ(TILE_WALL, p_level->tileAt(5, 30));
+  for (auto [x, y] : {std::make_pair(-1, 0), {60, 0}, {5, 30}}) EXPECT_EQ(TILE_WALL, p_level->tileAt(x, y));
   EXPECT_FALSE(p_level->isWalkable(-1, 0));
   EXPECT_FALSE(p_level->isWalkable(0, 0));    // wall
   EXPECT_TRUE(p_level->isWalkable(3, 2));     // floor
@@ -102,28 +98,22 @@ TEST_F(LevelTest, TileRulesAnswerForEveryKindOfTile) {
   EXPECT_TRUE(p_level->isWalkable(41, 10));  // one key for both floors
 }
 
-TEST_F(LevelTest, SetFloorIgnoresAnythingButZeroAndOne) {
-  p_level->setFloor(1);
-  p_level->setFloor(2);
-  EXPECT_EQ(1, p_level->getFloor());
-  p_level->setFloor(-1);
-  EXPECT_EQ(1, p_level->getFloor());
-  p_level->setFloor(0);
-  EXPECT_EQ(0, p_level->getFloor());
+TEST_F(LevelTest, SetFloorTakesOnlyTheTwoFloors) {
+  for (auto [floor, now] : {std::make_pair(1, 1), {2, 1}, {-1, 1}, {0, 0}}) {
+    p_level->setFloor(floor);
+    EXPECT_EQ(now, p_level->getFloor()) << floor;
+  }
 }
 
-TEST_F(LevelTest, TileCentreAndWorldToTileAreInverse) {
+TEST_F(LevelTest, TileCentreInvertsWorldToTile) {
   EXPECT_EQ(ot::Vector(17, 7), Level::tileCenter(3, 2));
-  int x = 0;
-  int y = 0;
+  int x = 0, y = 0;
   for (ot::Vector pos : {ot::Vector(15, 6), ot::Vector(19.99f, 8.99f), ot::Vector(17, 7)}) {
     Level::worldToTile(pos, x, y);
-    EXPECT_EQ(3, x);
-    EXPECT_EQ(2, y);
+    EXPECT_EQ(std::make_pair(3, 2), std::make_pair(x, y)) << pos.toString();
   }
   Level::worldToTile(ot::Vector(-0.5f, -0.1f), x, y);  // floor, not truncation
-  EXPECT_EQ(-1, x);
-  EXPECT_EQ(-1, y);
+  EXPECT_EQ(std::make_pair(-1, -1), std::make_pair(x, y));
 }
 
 TEST(LevelLookup, GetLevelIsNullWithoutALevel) {

@@ -47,7 +47,7 @@ TEST_F(ProjectileTest, MovesOnTheFirstStepThenEveryOtherStep) {
   EXPECT_EQ(Level::tileCenter(10, 26), p_arrow->getPosition());
 }
 
-TEST_F(ProjectileTest, CrossesTenTilesAndStillHitsOnTheTenth) {
+TEST_F(ProjectileTest, HitsOnItsTenthTile) {
   new Projectile(7, 26, 1, 0, 1, nullptr);
   ot_test::runFrames(19);  // ten moves
   EXPECT_EQ(0, countOf("Projectile"));
@@ -68,7 +68,7 @@ TEST_F(ProjectileTest, AWallEndsItOnItsFirstMoveWithASparkWhereItStood) {
   EXPECT_LT(ot::distance(sparks[0]->getPosition(), Level::tileCenter(3, 1)), 3.0f);
 }
 
-TEST_F(ProjectileTest, AClosedDoorStopsItAndAnOpenOneLetsItPass) {
+TEST_F(ProjectileTest, OnlyAClosedDoorStopsIt) {
   auto* p_stopped = new Projectile(34, 15, 1, 0, 1, nullptr);
   step();
   EXPECT_EQ(34, p_stopped->getGx());

@@ -40,7 +40,7 @@ class SetupTest : public ot_test::GameWorld {
   }
 };
 
-TEST_F(SetupTest, TheFirstFrameHoldsTheMapTheHeroTwentyThreeEnemiesTheHudAndTheTimer) {
+TEST_F(SetupTest, TheFirstFrameHoldsTheWholeWorld) {
   g_enemy_level = 3;
   populateWorld();
   ot::WorldManager& world = ot::WorldManager::getInstance();
@@ -76,7 +76,7 @@ TEST_F(SetupTest, TheFirstFrameHoldsTheMapTheHeroTwentyThreeEnemiesTheHudAndTheT
   }
 }
 
-TEST_F(SetupTest, TheGamesSpritesLoadWithDotsSeeThroughAndFitATile) {
+TEST_F(SetupTest, TheGamesSpritesFitATile) {
   loadSprites();
   for (const std::string& label : SPRITES) {
     ot::Sprite* p_sprite = ot::ResourceManager::getInstance().getSprite(label);
@@ -90,7 +90,7 @@ TEST_F(SetupTest, TheGamesSpritesLoadWithDotsSeeThroughAndFitATile) {
     EXPECT_GT(ot::ResourceManager::getInstance().getSprite(label)->getFrameCount(), 1) << label;
 }
 
-TEST_F(SetupTest, EachMissingOrBrokenSpriteIsLoggedAndTheRestStillLoad) {
+TEST_F(SetupTest, EachMissingOrBrokenSpriteIsLogged) {
   std::string hero;
   std::ifstream file(std::string(std::getenv("OSTREL_SOURCE_DIR")) + "/sprites/hero.txt");
   std::getline(file, hero, '\0');

@@ -1,6 +1,7 @@
 #include "game/Shop.h"
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "game/game.h"
@@ -42,10 +43,9 @@ TEST_F(ShopTest, UpgradePricesGrowByHalfRoundedDown) {
   EXPECT_EQ((std::vector<int>{50, 75, 112, 168, 252}), melee);
   EXPECT_EQ(melee, ranged);
   EXPECT_EQ(100000 - (40 + 60 + 90 + 135 + 202) - 2 * (50 + 75 + 112 + 168 + 252), p_hero->getGold());
-  EXPECT_EQ(35, p_hero->getMaxHp());
-  EXPECT_EQ(35, p_hero->getHp());
-  EXPECT_EQ(7, p_hero->getMeleeDamage());
-  EXPECT_EQ(6, p_hero->getRangedDamage());
+  EXPECT_EQ(std::make_tuple(35, 35, 7, 6),
+            std::make_tuple(p_hero->getMaxHp(), p_hero->getHp(), p_hero->getMeleeDamage(),
+                            p_hero->getRangedDamage()));
 }
 
 struct Purchase {
@@ -65,8 +65,8 @@ TEST_P(ShopPurchase, SpendsExactlyThePriceOrRefusesWithItsMessage) {
   p_hero->takeDamage(purchase.damage);
   setGold(purchase.gold);
   p_shop->buy(purchase.item);
-  EXPECT_EQ(purchase.message, p_shop->getMessage());
-  EXPECT_EQ(purchase.gold_after, p_hero->getGold());
+  EXPECT_EQ(std::make_pair(purchase.message, purchase.gold_after),
+            std::make_pair(p_shop->getMessage(), p_hero->getGold()));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -89,14 +89,13 @@ TEST_F(ShopTest, HealingRestoresEveryHitPoint) {
   EXPECT_EQ(10, p_hero->getHp());
 }
 
-TEST_F(ShopTest, TheKeyIsSoldOnceAndOpensTheDoorsOfBothFloors) {
+TEST_F(ShopTest, TheKeyIsSoldOnce) {
   setGold(250);
   p_shop->buy(5);
-  EXPECT_TRUE(p_shop->hasKey());
-  EXPECT_TRUE(getLevel()->doorsOpen());
+  EXPECT_TRUE(p_shop->hasKey() && getLevel()->doorsOpen());
   p_shop->buy(5);
-  EXPECT_EQ("You already have the key.", p_shop->getMessage());
-  EXPECT_EQ(150, p_hero->getGold());
+  EXPECT_EQ(std::make_pair(std::string("You already have the key."), 150),
+            std::make_pair(p_shop->getMessage(), p_hero->getGold()));
   getLevel()->setFloor(1);
   EXPECT_TRUE(getLevel()->isWalkable(41, 10));
 }
@@ -117,19 +116,17 @@ TEST_F(ShopTest, AMessageFadesSixtyStepsAfterItWasSetOpenOrNot) {
 
 TEST_F(ShopTest, NumberKeysBuyOnlyWhileOpen) {
   setGold(500);
-  key(K::NUM2, ot::KEY_PRESSED);
-  EXPECT_EQ(500, p_hero->getGold());
-  p_shop->open();
-  key(K::NUM2, ot::KEY_DOWN);
-  key(K::NUM6, ot::KEY_PRESSED);
-  EXPECT_EQ(500, p_hero->getGold());
-  key(K::NUM2, ot::KEY_PRESSED);
-  EXPECT_EQ(460, p_hero->getGold());
-  key(K::NUM5, ot::KEY_PRESSED);
-  EXPECT_EQ(360, p_hero->getGold());
-  p_shop->close();
-  key(K::NUM3, ot::KEY_PRESSED);
-  EXPECT_EQ(360, p_hero->getGold());
+  // Key, action, whether the shop is open, and the gold after.
+  for (auto [code, action, open, gold] : {std::make_tuple(K::NUM2, ot::KEY_PRESSED, false, 500),
+                                          {K::NUM2, ot::KEY_DOWN, true, 500},
+                                          {K::NUM6, ot::KEY_PRESSED, true, 500},
+                                          {K::NUM2, ot::KEY_PRESSED, true, 460},
+                                          {K::NUM5, ot::KEY_PRESSED, true, 360},
+                                          {K::NUM3, ot::KEY_PRESSED, false, 360}}) {
+    open ? p_shop->open() : p_shop->close();
+    key(code, action);
+    EXPECT_EQ(gold, p_hero->getGold()) << code;
+  }
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ class SlashTest : public ot_test::GameWorld {
   }
 };
 
-TEST_F(SlashTest, StrikesItsTileOnceAndLastsSixSteps) {
+TEST_F(SlashTest, StrikesItsTileOnce) {
   GridEntity* p_owner = creatureAt(8, 26, 5);
   GridEntity* p_target = creatureAt(9, 26, 5);
   new Slash(9, 26, 2, p_owner);

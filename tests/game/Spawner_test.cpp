@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <map>
+#include <tuple>
 
 #include "engine/core/ObjectListIterator.h"
 #include "engine/world/WorldManager.h"
@@ -43,14 +44,13 @@ TEST_F(SpawnerTest, SpawnTurnsComeFasterByTwoStepsUntilThirty) {
   step(89);
   EXPECT_EQ(0, p_spawner->getSpawnCount());
   step(1);
-  EXPECT_EQ(1, p_spawner->getSpawnCount());
-  EXPECT_EQ(88, p_spawner->getSpawnCountdown());
-  EXPECT_EQ(1, countOf("Enemy"));  // no hero: every point is far enough
+  EXPECT_EQ(std::make_tuple(1, 88, 1),  // no hero: every point is far enough
+            std::make_tuple(p_spawner->getSpawnCount(), p_spawner->getSpawnCountdown(), countOf("Enemy")));
   for (int turn = 2; turn <= 31; turn++) {
     int countdown = p_spawner->getSpawnCountdown();
     step(countdown);
-    EXPECT_EQ(turn, p_spawner->getSpawnCount());
-    EXPECT_EQ(turn >= 30 ? 30 : 90 - 2 * turn, p_spawner->getSpawnCountdown());
+    EXPECT_EQ(std::make_pair(turn, turn >= 30 ? 30 : 90 - 2 * turn),
+              std::make_pair(p_spawner->getSpawnCount(), p_spawner->getSpawnCountdown()));
   }
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "engine/core/LogManager.h"
@@ -50,9 +51,9 @@ struct Split {
   std::string first, rest;
 };
 
-class PartialMessages : public DataEvents, public ::testing::WithParamInterface<Split> {};
+class DataEventsPartial : public DataEvents, public ::testing::WithParamInterface<Split> {};
 
-TEST_P(PartialMessages, StayUnconsumedUntilTheirLastByteThenComeWhole) {
+TEST_P(DataEventsPartial, StayUnconsumedUntilTheirLastByte) {
   const Split& split = GetParam();
   p_peer->send(split.first);
   ASSERT_TRUE(waitForBytes(0, static_cast<int>(split.first.size())));
@@ -66,22 +67,22 @@ TEST_P(PartialMessages, StayUnconsumedUntilTheirLastByteThenComeWhole) {
   ASSERT_TRUE(waitForBytes(0, static_cast<int>(whole.size())));
   EXPECT_EQ(1, genDataEvents(0));
   ASSERT_EQ(1u, p_spy->events.size());
-  EXPECT_EQ(ot::DATA, p_spy->events[0].label);
-  EXPECT_EQ(0, p_spy->events[0].socket_index);
-  EXPECT_EQ(static_cast<int>(whole.size()), p_spy->events[0].bytes);
-  EXPECT_EQ(whole, p_spy->events[0].message) << "the block, header included";
+  const NetworkRecord& event = p_spy->events[0];
+  EXPECT_EQ(
+      std::make_tuple(ot::DATA, 0, static_cast<int>(whole.size()), whole),  // the block, header included
+      std::make_tuple(event.label, event.socket_index, event.bytes, event.message));
   EXPECT_EQ(0, network().isData(0));
 }
 
 const std::string HUNDRED = frame(std::string(96, 'h'));
 INSTANTIATE_TEST_SUITE_P(
-    Splits, PartialMessages,
+    Splits, DataEventsPartial,
     ::testing::Values(Split{"ThreeBytes", header(10).substr(0, 3), header(10).substr(3) + "abcdef"},
                       Split{"HeaderOnly", header(8), "tail"},
                       Split{"NinetyNineOfAHundred", HUNDRED.substr(0, 99), HUNDRED.substr(99)}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(DataEvents, TwoMessagesInOneReadComeOutInOrderOneACall) {
+TEST_F(DataEvents, TwoMessagesInOneReadComeOutOneACall) {
   const std::string first = frame("first"), second = frame("second!");
   p_peer->send(first + second);
   ASSERT_TRUE(waitForBytes(0, static_cast<int>(first.size() + second.size())));
@@ -113,9 +114,9 @@ TEST_F(DataEvents, NoSocketNoMessage) {
   EXPECT_EQ(1, network().getNumConnections());
 }
 
-class ShortLengths : public DataEvents, public ::testing::WithParamInterface<std::int32_t> {};
+class DataEventsShortLength : public DataEvents, public ::testing::WithParamInterface<std::int32_t> {};
 
-TEST_P(ShortLengths, GiveUpTheConnectionWhoseStreamCannotBeFollowed) {
+TEST_P(DataEventsShortLength, GiveUpTheConnectionWhoseStreamCannotBeFollowed) {
   p_peer->send(header(GetParam()) + "more bytes");
   ASSERT_TRUE(waitForBytes(0, 14));
   EXPECT_EQ(-1, genDataEvents(0));
@@ -127,7 +128,7 @@ TEST_P(ShortLengths, GiveUpTheConnectionWhoseStreamCannotBeFollowed) {
   EXPECT_TRUE(p_peer->seesClose());
 }
 
-INSTANTIATE_TEST_SUITE_P(Lengths, ShortLengths, ::testing::Values(0, 3, -5, INT_MIN));
+INSTANTIATE_TEST_SUITE_P(Lengths, DataEventsShortLength, ::testing::Values(0, 3, -5, INT_MIN));
 
 struct Leaving {
   const char* name;
@@ -136,9 +137,9 @@ struct Leaving {
   std::string warning;  // logged when the rest never comes; empty for a clean end
 };
 
-class PeerLeaving : public DataEvents, public ::testing::WithParamInterface<Leaving> {};
+class DataEventsPeerLeaving : public DataEvents, public ::testing::WithParamInterface<Leaving> {};
 
-TEST_P(PeerLeaving, DeliversWhatIsWholeThenClosesInsteadOfWaitingForEver) {
+TEST_P(DataEventsPeerLeaving, ClosesInsteadOfWaitingForEver) {
   const Leaving& leaving = GetParam();
   p_peer->send(leaving.sent);
   ASSERT_TRUE(waitForBytes(0, static_cast<int>(leaving.sent.size())));
@@ -165,7 +166,7 @@ TEST_P(PeerLeaving, DeliversWhatIsWholeThenClosesInsteadOfWaitingForEver) {
 const std::string MIDDLE =
     "ot::genDataEvents(): Warning! Socket 0 closed by its peer in the middle of a message";
 INSTANTIATE_TEST_SUITE_P(
-    Ends, PeerLeaving,
+    Ends, DataEventsPeerLeaving,
     ::testing::Values(Leaving{"Cleanly", "", 0, ""}, Leaving{"AfterAWholeMessage", frame("bye"), 1, ""},
                       Leaving{"InTheHeader", header(10).substr(0, 3), 0, MIDDLE + " (3 bytes dropped)."},
                       Leaving{"HalfWay", HUNDRED.substr(0, 50), 0, MIDDLE + " (50 bytes dropped)."},

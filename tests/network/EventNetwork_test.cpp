@@ -2,9 +2,9 @@
 
 #include "tests/support/HeadlessEngine.h"
 
-using NetworkEvents = ot_test::HeadlessEngine;
+using EventNetworkTest = ot_test::HeadlessEngine;
 
-TEST_F(NetworkEvents, LabelOutsideTheKnownOnesBecomesUndefinedAndClearsTheMessage) {
+TEST_F(EventNetworkTest, UnknownLabelBecomesUndefined) {
   ot::EventNetwork e(ot::DATA);
   EXPECT_EQ(ot::DATA, e.getLabel());
   e.setMessage(&e);  // any block will do

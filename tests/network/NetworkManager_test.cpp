@@ -39,18 +39,16 @@ struct BoundPort {
 
 }  // namespace
 
-class Connections : public NetworkEngine {};
+class NetworkManagerConnect : public NetworkEngine {};
 
-TEST_F(Connections, ConnectAndAcceptRaiseTheirEventsWithTheNewIndex) {
+TEST_F(NetworkManagerConnect, ConnectionsRaiseEventsWithTheNewIndex) {
   setLogLevel(1);
   auto* p_spy = new NetworkSpy;
   auto [client, server] = connectToSelf();
-  EXPECT_EQ(0, client);
-  EXPECT_EQ(1, server);
+  EXPECT_EQ(std::make_pair(0, 1), std::make_pair(client, server));
   ASSERT_EQ((std::vector<ot::NetworkEventLabel>{ot::CONNECT, ot::ACCEPT}), p_spy->labels());
-  EXPECT_EQ(0, p_spy->events[0].socket_index);
-  EXPECT_EQ(1, p_spy->events[1].socket_index);
-  EXPECT_EQ(0, p_spy->events[1].bytes);
+  EXPECT_EQ(std::make_tuple(0, 1, 0), std::make_tuple(p_spy->events[0].socket_index,
+                                                      p_spy->events[1].socket_index, p_spy->events[1].bytes));
   EXPECT_EQ(-1, network().accept()) << "nobody else is waiting";
   EXPECT_EQ(2, network().getNumConnections());
   EXPECT_NE(network().getSocket(0), network().getSocket(1));
@@ -60,7 +58,7 @@ TEST_F(Connections, ConnectAndAcceptRaiseTheirEventsWithTheNewIndex) {
   EXPECT_TRUE(logHas(log, "NetworkManager::accept(): New connection, socket 1."));
 }
 
-TEST_F(Connections, AcceptStopsAtTheLimitAndLeavesPeersWaitingInTheBacklog) {
+TEST_F(NetworkManagerConnect, AcceptStopsAtTheLimit) {
   network().setMaxConnections(1);
   PlainPeer first(port()), second(port());
   ASSERT_TRUE(first.isOpen() && second.isOpen());
@@ -77,7 +75,7 @@ TEST_F(Connections, AcceptStopsAtTheLimitAndLeavesPeersWaitingInTheBacklog) {
   EXPECT_EQ(1, acceptWaiting()) << "the second peer waited in the backlog";
 }
 
-TEST_F(Connections, FailuresToListenOrConnectAreLoggedWithTheSystemsText) {
+TEST_F(NetworkManagerConnect, FailuresToListenOrConnectAreLoggedWithTheSystemsText) {
   const int old_port = network().getServerPort();
   EXPECT_EQ(0, network().setServer(true, "0")) << "already listening";
   EXPECT_EQ(old_port, network().getServerPort());
@@ -111,19 +109,18 @@ TEST_F(Connections, FailuresToListenOrConnectAreLoggedWithTheSystemsText) {
       log, "NetworkManager::connect(): Error! Networking is not enabled in the Ostrel configuration file."));
 }
 
-TEST_F(Connections, ShutDownClosesEverySocketAndTheListener) {
+TEST_F(NetworkManagerConnect, ShutDownClosesEverySocket) {
   PlainPeer peer(port());
   ASSERT_EQ(0, acceptWaiting());
   network().shutDown();
-  EXPECT_FALSE(network().isServer());
-  EXPECT_EQ(0, network().getNumConnections());
+  EXPECT_EQ(std::make_pair(false, 0), std::make_pair(network().isServer(), network().getNumConnections()));
   EXPECT_TRUE(peer.seesClose());
   EXPECT_EQ(0, network().startUp()) << "and a later start begins afresh";
 }
 
-using ConnectionsDeathTest = Connections;
+using NetworkManagerDeathTest = NetworkManagerConnect;
 
-TEST_F(ConnectionsDeathTest, CleanUpStopsTheEngineAndEndsTheProcessWithTheStatus) {
+TEST_F(NetworkManagerDeathTest, CleanUpEndsTheProcessWithTheStatus) {
   setLogLevel(1);
   EXPECT_EXIT(ot::cleanUp(3), ::testing::ExitedWithCode(3), "");
   auto log = logMessages();
@@ -131,7 +128,7 @@ TEST_F(ConnectionsDeathTest, CleanUpStopsTheEngineAndEndsTheProcessWithTheStatus
   EXPECT_TRUE(logHas(log, "** Game engine stopped **"));
 }
 
-class Transfers : public NetworkEngine {
+class NetworkManagerTransfer : public NetworkEngine {
  protected:
   void SetUp() override {
     NetworkEngine::SetUp();
@@ -141,7 +138,7 @@ class Transfers : public NetworkEngine {
   int client = -1, server = -1;
 };
 
-TEST_F(Transfers, SendAndReceiveWithAndWithoutPeeking) {
+TEST_F(NetworkManagerTransfer, ReceivePeeksOrConsumes) {
   EXPECT_EQ(0, network().send("hello", 5, client));
   ASSERT_TRUE(waitForBytes(server, 5));
   char buffer[8] = {};
@@ -158,7 +155,7 @@ TEST_F(Transfers, SendAndReceiveWithAndWithoutPeeking) {
   EXPECT_EQ(2, network().getNumConnections());
 }
 
-TEST_F(Transfers, OperationsOnOneSocketRefuseAnIndexThatIsNotThere) {
+TEST_F(NetworkManagerTransfer, OperationsOnOneSocketRefuseAnIndexThatIsNotThere) {
   char buffer[4] = {};
   struct Case {
     const char* what;
@@ -207,7 +204,7 @@ TEST_F(Transfers, OperationsOnOneSocketRefuseAnIndexThatIsNotThere) {
   EXPECT_EQ("NetworkManager::isConnected(): Warning! Sock less than -1.", logMessages().back());
 }
 
-TEST_F(Transfers, DelayedSendsLeaveInTheFrameOfTheirStepAsTheCopiesTakenAtSending) {
+TEST_F(NetworkManagerTransfer, DelayedSendsLeaveInTheFrameOfTheirStepAsTheCopiesTakenAtSending) {
   ASSERT_EQ(0, network().setDelay(3, client));
   std::vector<int> waiting;  // bytes at the server end seen by each step's handler
   std::string arrived;
@@ -237,7 +234,7 @@ TEST_F(Transfers, DelayedSendsLeaveInTheFrameOfTheirStepAsTheCopiesTakenAtSendin
   EXPECT_EQ("abcd", arrived);
 }
 
-TEST_F(Transfers, ClosingRaisesCloseWhileTheEntryIsThereThenShiftsLaterIndicesDown) {
+TEST_F(NetworkManagerTransfer, ClosingShiftsLaterIndicesDown) {
   PlainPeer third(port());
   ASSERT_EQ(2, acceptWaiting());
   const int old_second = network().getSocket(1), old_third = network().getSocket(2);
@@ -247,26 +244,24 @@ TEST_F(Transfers, ClosingRaisesCloseWhileTheEntryIsThereThenShiftsLaterIndicesDo
 
   EXPECT_EQ(0, network().close(0));
   ASSERT_EQ(1u, p_spy->events.size());
-  EXPECT_EQ(ot::CLOSE, p_spy->events[0].label);
-  EXPECT_EQ(0, p_spy->events[0].socket_index);
-  EXPECT_EQ(3, p_spy->events[0].connections);
-  EXPECT_EQ(2, network().getNumConnections());
-  EXPECT_EQ(old_second, network().getSocket(0));
-  EXPECT_EQ(old_third, network().getSocket(1));
+  EXPECT_EQ(
+      std::make_tuple(ot::CLOSE, 0, 3),  // raised while the entry is there
+      std::make_tuple(p_spy->events[0].label, p_spy->events[0].socket_index, p_spy->events[0].connections));
+  EXPECT_EQ(std::make_tuple(2, old_second, old_third),
+            std::make_tuple(network().getNumConnections(), network().getSocket(0), network().getSocket(1)));
   EXPECT_EQ(0, network().isData(0)) << "the server end, whose client end closed, is still there";
 
   EXPECT_EQ(0, network().close(-1));
   ASSERT_EQ(3u, p_spy->events.size());
-  EXPECT_EQ(0, p_spy->events[1].socket_index);
-  EXPECT_EQ(1, p_spy->events[2].socket_index);
-  EXPECT_EQ(2, p_spy->events[2].connections);
-  EXPECT_EQ(0, network().getNumConnections());
+  EXPECT_EQ(std::make_tuple(0, 1, 2, 0),
+            std::make_tuple(p_spy->events[1].socket_index, p_spy->events[2].socket_index,
+                            p_spy->events[2].connections, network().getNumConnections()));
   EXPECT_TRUE(third.seesClose());
   EXPECT_EQ(0, network().close(-1)) << "nothing to close";
   EXPECT_EQ(3u, p_spy->events.size());
 }
 
-TEST_F(Transfers, ACloseHandlerMayCloseAndSendWithoutUpsettingTheLoop) {
+TEST_F(NetworkManagerTransfer, ACloseHandlerMayCloseOrSend) {
   auto* p_spy = new SpyObject;
   p_spy->registerInterest(ot::NETWORK_EVENT);
   p_spy->on_event = [&](SpyObject&, const ot::Event*) {
@@ -278,7 +273,7 @@ TEST_F(Transfers, ACloseHandlerMayCloseAndSendWithoutUpsettingTheLoop) {
   EXPECT_EQ(0, network().getNumConnections());
 }
 
-TEST_F(Transfers, APeerThatLeftIsSeenByReceiveAndBySendWithoutASignal) {
+TEST_F(NetworkManagerTransfer, APeerThatLeftRaisesNoSignal) {
   setLogLevel(1);
   auto* p_spy = new NetworkSpy;
   ASSERT_EQ(0, network().close(client));  // the server end is now index 0
@@ -302,7 +297,7 @@ TEST_F(Transfers, APeerThatLeftIsSeenByReceiveAndBySendWithoutASignal) {
   EXPECT_TRUE(logHas(log, "\tsocket is closed"));
 }
 
-TEST_F(Transfers, TheFrameAcceptsForAServerAndSendsWhatIsDue) {
+TEST_F(NetworkManagerTransfer, TheFrameServesTheNetwork) {
   auto* p_spy = new NetworkSpy;
   PlainPeer peer(port());
   FakeClock clock;
@@ -321,7 +316,7 @@ TEST_F(Transfers, TheFrameAcceptsForAServerAndSendsWhatIsDue) {
   };
   ot::GameManager::getInstance().run();
   ASSERT_EQ(1u, p_spy->events.size());
-  EXPECT_EQ(ot::ACCEPT, p_spy->events[0].label);
-  EXPECT_EQ(2, p_spy->events[0].socket_index);
+  EXPECT_EQ(std::make_pair(ot::ACCEPT, 2),
+            std::make_pair(p_spy->events[0].label, p_spy->events[0].socket_index));
   EXPECT_TRUE(waitForBytes(server, 1)) << "the delayed byte went in frame 1";
 }

@@ -38,58 +38,20 @@ class ObjectsOverNetwork : public NetworkEngine {
     p_spy = new NetworkSpy;
   }
 
-  // Sends blocks from the client end; the blocks as the server end's DATA events gave them.
-  std::vector<std::string> carry(const std::vector<std::string>& blocks) {
-    std::string all;
-    for (const std::string& block : blocks) all += block;
+  // One payload framed, sent from the client end, and taken out of the server end's DATA event.
+  std::string carryPayload(const std::string& payload) {
+    const std::string block = frame(payload);
     size_t before = p_spy->events.size();
-    EXPECT_EQ(0, network().send(all.data(), static_cast<int>(all.size()), client));
-    EXPECT_TRUE(waitForBytes(server, static_cast<int>(all.size())));
+    EXPECT_EQ(0, network().send(block.data(), static_cast<int>(block.size()), client));
+    EXPECT_TRUE(waitForBytes(server, static_cast<int>(block.size())));
     while (ot::genDataEvents(server) == 1) {
     }
-    std::vector<std::string> arrived;
-    for (size_t i = before; i < p_spy->events.size(); i++) arrived.push_back(p_spy->events[i].message);
-    return arrived;
-  }
-  // One payload there and back out of its frame.
-  std::string carryPayload(const std::string& payload) {
-    std::vector<std::string> arrived = carry({frame(payload)});
-    return arrived.size() == 1 ? arrived[0].substr(4) : std::string();
+    return p_spy->events.size() == before + 1 ? p_spy->events.back().message.substr(4) : std::string();
   }
 
   int client = -1, server = -1;
   NetworkSpy* p_spy = nullptr;
 };
-
-TEST_F(ObjectsOverNetwork, TheWireExampleArrivesByteForByte) {
-  auto* p_o = new Object;
-  p_o->setId(7);
-  p_o->setPosition(Vector(1.0f, 2.0f));
-  std::stringstream ss;
-  ASSERT_EQ(0, p_o->serialize(&ss, 0x21));
-  std::vector<std::string> arrived = carry({frame(ss.str())});
-  ASSERT_EQ(1u, arrived.size());
-  EXPECT_EQ(std::string("\x14\0\0\0\x21\0\0\0\x07\0\0\0\0\0\x80\x3f\0\0\0\x40", 20), arrived[0]);
-}
-
-TEST_F(ObjectsOverNetwork, AFreshObjectSendsEverythingThenTheEmptyMaskAndTheReaderBecomesItsEqual) {
-  auto* p_writer = new Object;
-  p_writer->setType("Courier");
-  p_writer->setPosition(Vector(12, 5));
-  std::stringstream first, second;
-  p_writer->serialize(&first);
-  p_writer->serialize(&second);
-  std::vector<std::string> arrived = carry({frame(first.str()), frame(second.str())});
-  ASSERT_EQ(2u, arrived.size());
-  EXPECT_EQ(maskBytes(0x3ffff), maskOf(arrived[0].substr(4)));
-  EXPECT_EQ(frame(maskBytes(0)), arrived[1]);
-
-  auto* p_reader = new Object;
-  std::stringstream in(arrived[0].substr(4));
-  ASSERT_EQ(0, p_reader->deserialize(&in));
-  EXPECT_TRUE(*p_reader == *p_writer) << p_reader->toString() << "\n" << p_writer->toString();
-  EXPECT_EQ(0u, p_reader->getModified());
-}
 
 TEST_F(ObjectsOverNetwork, EachAttributeTravelsAloneUnderItsOwnBit) {
   ASSERT_EQ(0, ot::ResourceManager::getInstance().loadSprite(
@@ -187,21 +149,7 @@ TEST_F(ObjectsOverNetwork, EachAttributeTravelsAloneUnderItsOwnBit) {
   EXPECT_EQ(Object::ALL_OBJECT_ATTRIBUTES, covered);
 }
 
-TEST_F(ObjectsOverNetwork, AViewObjectReadKeepsItsValueAndAppearanceBits) {
-  auto* p_writer = new ot::ViewObject;
-  p_writer->setViewString("Gold");
-  p_writer->setValue(42);
-  p_writer->setLocation(ot::BOTTOM_RIGHT);
-  std::stringstream out;
-  ASSERT_EQ(0, p_writer->serialize(&out));
-  auto* p_reader = new ot::ViewObject;
-  std::stringstream in(carryPayload(out.str()));
-  ASSERT_EQ(0, p_reader->deserialize(&in));
-  EXPECT_TRUE(*p_reader == *p_writer);
-  EXPECT_EQ(ot::ViewObject::VALUE | ot::ViewObject::APPEARANCE, p_reader->getModified());
-}
-
-TEST_F(ObjectsOverNetwork, CutAndGarbledPayloadsFailOrPassWithoutHarm) {
+TEST_F(ObjectsOverNetwork, BadPayloadsDoNoHarm) {
   auto* p_writer = new ot::ViewObject;
   p_writer->setViewString("Score");
   p_writer->setType("Courier");

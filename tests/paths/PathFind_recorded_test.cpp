@@ -477,9 +477,9 @@ std::map<std::string, std::string> recorded() {
   return blocks;
 }
 
-class RecordedSearch : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<std::string> {};
+class PathFindRecorded : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<std::string> {};
 
-TEST_P(RecordedSearch, GivesTheRecordedStatusesPathAndLog) {
+TEST_P(PathFindRecorded, GivesTheRecordedOutput) {
   Recording rec;
   scenarios().at(GetParam())(rec);
   std::string text = rec.text();
@@ -499,7 +499,7 @@ std::vector<std::string> scenarioNames() {
   return names;
 }
 
-INSTANTIATE_TEST_SUITE_P(Paths, RecordedSearch, ::testing::ValuesIn(scenarioNames()),
+INSTANTIATE_TEST_SUITE_P(Paths, PathFindRecorded, ::testing::ValuesIn(scenarioNames()),
                          [](const ::testing::TestParamInfo<std::string>& param) { return param.param; });
 
 }  // namespace

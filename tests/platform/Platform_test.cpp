@@ -20,7 +20,7 @@ TEST(Platform, AnEmptyDisplayIsNone) {
   p_saved ? setenv("DISPLAY", saved.c_str(), 1) : unsetenv("DISPLAY");
 }
 
-TEST(Platform, CapturedStandardErrorIsReturnedAndTheStreamPutBack) {
+TEST(Platform, CapturedStandardErrorIsReturned) {
   std::string inner;
   std::string outer = captureStandardError([&] {
     inner = captureStandardError([] {

@@ -33,7 +33,7 @@ class AnimationTest : public ot_test::HeadlessEngine {
   ot::Animation m_animation;
 };
 
-TEST_F(AnimationTest, SlowdownShowsEachFrameThatManyDrawingsLoopsAndMinusOneFreezes) {
+TEST_F(AnimationTest, SlowdownHoldsEachFrameForThatManyDrawings) {
   m_sprite.setSlowdown(3);
   EXPECT_EQ((std::vector<int>{0, 0, 0, 1, 1, 1, 2, 2, 2, 0, 0}), shown(11));
   for (int slowdown : {0, 1}) {
@@ -46,7 +46,7 @@ TEST_F(AnimationTest, SlowdownShowsEachFrameThatManyDrawingsLoopsAndMinusOneFree
   EXPECT_EQ((std::vector<int>{2, 2, 2}), shown(3));
 }
 
-TEST_F(AnimationTest, SpriteGivesNameAndBoxAndOnlyPlayStateIsCompared) {
+TEST_F(AnimationTest, ComparisonLooksOnlyAtThePlayState) {
   EXPECT_EQ(ot::Box(Vector(-2.5f, -1.5f), 5, 3), m_animation.getBox());
   ot::Animation other = m_animation, unset;
   other.setTransform(ot::BOTH);

@@ -82,7 +82,7 @@ Lines audioLines(const Lines& log) {
   return found;
 }
 
-TEST(AudioProcess, WithoutASoundDeviceSoundsLoadAndPlaySilentlyWithOneLineAndNothingOnStandardError) {
+TEST(AudioOutputProcess, WithoutASoundDeviceEverythingPlaysSilently) {
   if (ot::platform::soundHardwarePresent()) GTEST_SKIP() << "this machine has sound hardware";
   Outcome outcome = runAudioProcess({});
   EXPECT_EQ(0, outcome.status);
@@ -92,7 +92,7 @@ TEST(AudioProcess, WithoutASoundDeviceSoundsLoadAndPlaySilentlyWithOneLineAndNot
             audioLines(outcome.log));
 }
 
-TEST(AudioProcess, ADeviceThatFailsToOpenLeavesTheSameSilenceAndItsReasonsInTheLog) {
+TEST(AudioOutputProcess, ADeviceThatFailsToOpenLeavesTheSameSilence) {
   if (ot::platform::soundHardwarePresent()) GTEST_SKIP() << "this machine has sound hardware";
   // A user's own choice of driver stays, and here that driver finds no device.
   Outcome outcome = runAudioProcess({{"ALSOFT_DRIVERS", "alsa"}});
@@ -103,7 +103,7 @@ TEST(AudioProcess, ADeviceThatFailsToOpenLeavesTheSameSilenceAndItsReasonsInTheL
             audioLines(outcome.log));
 }
 
-TEST(AudioProcess, HeadlessGameStartsAndStopsWithNothingOnStandardError) {
+TEST(AudioOutputProcess, HeadlessGameWritesNothingToStandardError) {
   const std::string err_path = ot_test::writeTempFile("game-err.txt", "");
   const std::string config_path = configPath();
   // The log is a pipe, read as the game writes it: the first line means it has started.

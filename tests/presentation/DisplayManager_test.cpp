@@ -9,13 +9,13 @@ namespace {
 
 using ot::Vector;
 
-class DisplayTest : public ot_test::HeadlessEngine {
+class DisplayManagerTest : public ot_test::HeadlessEngine {
  protected:
   int logLevel() const override { return 5; }
   ot::DisplayManager& display = ot::DisplayManager::getInstance();
 };
 
-TEST_F(DisplayTest, CellIsTheWindowOverTheCellCountsAndFontTakesTheSmallerSide) {
+TEST_F(DisplayManagerTest, CellSizeIsTheWindowOverTheCellCounts) {
   // Pixels, cells, font scale, then the cell and font sizes; the default first: 12.8 x 2 cuts to 25.
   const float geometries[][8] = {{1024, 768, 80, 24, 2, 12.8f, 32, 25},
                                  {1000, 300, 20, 12, 1.5f, 50, 25, 37},
@@ -38,7 +38,7 @@ TEST_F(DisplayTest, CellIsTheWindowOverTheCellCountsAndFontTakesTheSmallerSide) 
   EXPECT_EQ(Vector(2, 25), Vector(ot::charWidth(), ot::charHeight()));
 }
 
-TEST_F(DisplayTest, NamedColorsAreOpaqueChannelsAndOthersGiveWhiteAndLeaveThem) {
+TEST_F(DisplayManagerTest, UnnamedColoursDrawWhite) {
   const sf::Color named[] = {{0, 0, 0},   {255, 0, 0},   {0, 255, 0},   {255, 255, 0},
                              {0, 0, 255}, {255, 0, 255}, {0, 255, 255}, {255, 255, 255}};
   for (int color : {0, 1, 2, 3, 4, 5, 6, 7, 8, 99}) {
@@ -54,7 +54,7 @@ TEST_F(DisplayTest, NamedColorsAreOpaqueChannelsAndOthersGiveWhiteAndLeaveThem) 
   EXPECT_FALSE(ot_test::logHas(log, "colorToRGB(): Color 8 not supported."));
 }
 
-TEST_F(DisplayTest, HeadlessDrawsNothingSilentlyAndNothingBeforeStartWithALine) {
+TEST_F(DisplayManagerTest, DrawingWithoutAWindowFails) {
   EXPECT_EQ(nullptr, display.getWindow());
   EXPECT_FALSE(display.setBackgroundColor(ot::BLUE));
   for (bool started : {true, false}) {

@@ -26,7 +26,7 @@ using ot::Vector;
 
 using Span = std::tuple<float, float, std::string>;  // where and what, in red
 
-class DisplayWindowTest : public ot_test::HeadlessEngine {
+class DisplayManagerWindow : public ot_test::HeadlessEngine {
  protected:
   std::string configText() const override {
     return "headless:false,\nnetworking:false,\nwindow_horizontal_pixels:640,\n"
@@ -73,7 +73,7 @@ class DisplayWindowTest : public ot_test::HeadlessEngine {
   }
 };
 
-TEST_F(DisplayWindowTest, RedCharacterInksOnlyItsCellAndWipesWhatLayBelow) {
+TEST_F(DisplayManagerWindow, RedCharacterInksOnlyItsCell) {
   sf::Image red = picture([] { ASSERT_EQ(0, display().drawCh(Vector(10, 5), 'o', ot::RED)); });
   EXPECT_EQ(0, count(red, [](auto, auto, auto c) { return c.g || c.b; }));
   EXPECT_LT(10, count(red, [](auto, auto, auto c) { return c.r > 200; }));
@@ -82,7 +82,7 @@ TEST_F(DisplayWindowTest, RedCharacterInksOnlyItsCellAndWipesWhatLayBelow) {
   EXPECT_TRUE(same(cells({{10, 5, "."}}), cells({{10, 5, "o"}, {10, 5, "."}})));
 }
 
-TEST_F(DisplayWindowTest, JustificationPlacesTheFirstCell) {
+TEST_F(DisplayManagerWindow, JustificationPlacesTheFirstCell) {
   auto drawn = [](float y, const char* text, ot::Justification justification) {
     return picture([=] { EXPECT_EQ(0, display().drawString(Vector(10, y), text, justification, ot::RED)); });
   };
@@ -93,7 +93,7 @@ TEST_F(DisplayWindowTest, JustificationPlacesTheFirstCell) {
   EXPECT_TRUE(same(cells({}), drawn(11, "", ot::RIGHT_JUSTIFIED)));
 }
 
-TEST_F(DisplayWindowTest, FrameCentresOnItsPositionMirrorsAndSeesThroughTransparency) {
+TEST_F(DisplayManagerWindow, FrameCentresOnItsPosition) {
   // Each frame goes over an 'o' at (9, 10).
   auto drawn = [](const ot::Frame& frame, int transform) {
     return picture([&] {
@@ -114,7 +114,7 @@ TEST_F(DisplayWindowTest, FrameCentresOnItsPositionMirrorsAndSeesThroughTranspar
   EXPECT_TRUE(same(cells({{9, 10, "oca"}}), drawn(ot::Frame(3, 1, "ac#"), ot::HORIZONTAL)));
 }
 
-TEST_F(DisplayWindowTest, ViewObjectDrawsItsTextWithDashesAboveAndBelowAndBarsBeyond) {
+TEST_F(DisplayManagerWindow, ViewObjectBorderIsDashesAroundItsTextBetweenBars) {
   auto* p_item = new ot::ViewObject;
   p_item->setViewString("ac");
   p_item->setColor(ot::RED);
@@ -128,7 +128,7 @@ TEST_F(DisplayWindowTest, ViewObjectDrawsItsTextWithDashesAboveAndBelowAndBarsBe
   EXPECT_TRUE(same(cells({{18, 10, "ac 0"}}), drawn()));
 }
 
-TEST_F(DisplayWindowTest, DrawnShapeOfANamedColourTakesItsChannels) {
+TEST_F(DisplayManagerWindow, DrawnShapeOfANamedColourTakesItsChannels) {
   ot::Shape shape;
   shape.setColor(ot::YELLOW);
   sf::Image image = picture([&] { shape.draw(Vector(10, 5)); });
@@ -136,7 +136,32 @@ TEST_F(DisplayWindowTest, DrawnShapeOfANamedColourTakesItsChannels) {
   EXPECT_LT(0, count(image, [](auto, auto, auto c) { return c == sf::Color(255, 255, 0); }));
 }
 
-TEST_F(DisplayWindowTest, ShakeOffsetsFollowTheSeededDrawsXFirst) {
+// Shapes of size 12 (cells of 8 pixels, font_scale 1.5) at pixel (80, 100).
+TEST_F(DisplayManagerWindow, ASquareLeavesItsTurnOnLaterShapes) {
+  ot::Shape shape;
+  shape.setType(ot::SHAPE_SQUARE);
+  shape.setColor(ot::RED);
+  sf::Image square = picture([&] { shape.draw(Vector(10, 5)); });
+  shape.setType(ot::SHAPE_CIRCLE);
+  shape.setColor(ot::GREEN);
+  sf::Image circle = picture([&] { shape.draw(Vector(10, 5)); });
+  auto columns = [](const sf::Image& image, sf::Color color) {  // first and last holding the colour
+    std::pair<int, int> span{640, -1};
+    for (unsigned y = 0; y < 480; y++)
+      for (int x = 0; x < 640; x++)
+        if (image.getPixel(x, y) == color) span = {std::min(span.first, x), std::max(span.second, x)};
+    return span;
+  };
+  // The square's radius is 12 / 1.5, not half the size: turned upright, about 11 pixels wide.
+  auto [left, right] = columns(square, sf::Color::Red);
+  EXPECT_NEAR(11, right - left + 1, 1);
+  // The circle, radius 12 at an offset of 6, still turned 45 degrees about its corner.
+  auto [circle_left, circle_right] = columns(circle, sf::Color::Green);
+  EXPECT_NEAR(62, circle_left, 1.5);
+  EXPECT_NEAR(86, circle_right, 1.5);
+}
+
+TEST_F(DisplayManagerWindow, ShakeOffsetsFollowTheSeededDrawsXFirst) {
   srand(7);
   std::vector<int> draws(16);
   for (int& draw : draws) draw = rand();
@@ -163,7 +188,7 @@ TEST_F(DisplayWindowTest, ShakeOffsetsFollowTheSeededDrawsXFirst) {
       log, "DisplayManager::shake(): Warning! severity (-1, -3) of -1; that axis won't shake."));
 }
 
-TEST_F(DisplayWindowTest, ShakeMovesTheTextButNotItsBackground) {
+TEST_F(DisplayManagerWindow, ShakeMovesTheTextButNotItsBackground) {
   sf::Image still = cells({{10, 5, "o"}});
   display().shake(0, 0, 1, false);  // a severity of 0 moves by 1
   display().swapBuffers();
@@ -260,7 +285,7 @@ Difference difference(const sf::Image& a, const sf::Image& b) {
 
 // The same screens drawn through drawCh and by the reference, on windows
 // whose cells are whole and fractional pixels.
-class BatchedCellsTest : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<Geometry> {
+class DisplayManagerBatch : public ot_test::HeadlessEngine, public ::testing::WithParamInterface<Geometry> {
  protected:
   std::string configText() const override {
     const Geometry& g = GetParam();
@@ -303,7 +328,7 @@ class BatchedCellsTest : public ot_test::HeadlessEngine, public ::testing::WithP
   }
 };
 
-TEST_P(BatchedCellsTest, ScreenMatchesThePerCallDrawing) {
+TEST_P(DisplayManagerBatch, ScreenMatchesThePerCallDrawing) {
   ot_test::ReferenceCells reference;
   std::string shot = ot_test::writeTempFile("cells.png", "");
   for (bool shaken : {false, true}) {
@@ -335,7 +360,7 @@ TEST_P(BatchedCellsTest, ScreenMatchesThePerCallDrawing) {
   }
 }
 
-TEST_P(BatchedCellsTest, CellsDrawnBeforeASwapStayInTheirFrame) {
+TEST_P(DisplayManagerBatch, CellsDrawnBeforeASwapStayInTheirFrame) {
   sf::Image blank = picture([] {});
   ASSERT_EQ(0, display().drawCh(Vector(10, 5), '@', ot::RED));
   ASSERT_EQ(0, display().drawString(Vector(10, 6), "abc", ot::LEFT_JUSTIFIED, ot::GREEN));
@@ -343,7 +368,7 @@ TEST_P(BatchedCellsTest, CellsDrawnBeforeASwapStayInTheirFrame) {
   EXPECT_EQ(0, difference(blank, picture([] {})).pixels);
 }
 
-INSTANTIATE_TEST_SUITE_P(Windows, BatchedCellsTest,
+INSTANTIATE_TEST_SUITE_P(Windows, DisplayManagerBatch,
                          ::testing::Values(Geometry{640, 480, 80, 24, "1.5", true},
                                            Geometry{1000, 750, 80, 24, "2", true},
                                            Geometry{910, 700, 70, 25, "1", true},

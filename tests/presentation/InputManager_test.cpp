@@ -29,7 +29,7 @@ class InputManagerTest : public ot_test::HeadlessEngine {
   ot::InputManager& input = ot::InputManager::getInstance();
 };
 
-TEST(InputManagerKeys, EverySfmlKeyWithACodeTranslatesAndKeyToStringFollowsTheTable) {
+TEST(InputManagerKeys, EverySfmlKeyWithACodeTranslates) {
   // Pairs of SFML key and code; NUM0 comes after NUM9, in the order of the top row.
   const int table[] = {
       S::Space,     K::SPACE,        S::Enter,     K::RETURN,      S::Escape,   K::ESCAPE,
@@ -54,7 +54,7 @@ TEST(InputManagerKeys, EverySfmlKeyWithACodeTranslatesAndKeyToStringFollowsTheTa
 }
 
 // The window test covers the main hyphen key, which has no code.
-TEST_F(InputManagerTest, KeysWithoutCodeAndOtherEventsGiveMinusOneAndALine) {
+TEST_F(InputManagerTest, KeyWithoutACodeGivesMinusOne) {
   EXPECT_EQ(-1, translate(S::Unknown));
   EXPECT_EQ(-1, translate(S::A, sf::Event::MouseMoved));
   translate(S::Q, sf::Event::KeyReleased);
@@ -65,7 +65,7 @@ TEST_F(InputManagerTest, KeysWithoutCodeAndOtherEventsGiveMinusOneAndALine) {
     EXPECT_TRUE(ot_test::logHas(log, line)) << line;
 }
 
-TEST_F(InputManagerTest, HeadlessGivesNothingAndStartsWithoutDisplayButAWindowlessFrameIsAnError) {
+TEST_F(InputManagerTest, HeadlessFramesGiveNoInput) {
   auto* p_spy = new ot_test::SpyObject;
   EXPECT_EQ(0, p_spy->registerInterest(ot::KEYBOARD_EVENT) + p_spy->registerInterest(ot::MOUSE_EVENT));
   EXPECT_FALSE(input.isValid(ot::STEP_EVENT) || input.isValid(ot::VIEW_EVENT));

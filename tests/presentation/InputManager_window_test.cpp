@@ -28,7 +28,7 @@ using Input = std::tuple<int, What, Vector>;     // frame, what, mouse position
 
 const std::string KB = ot::KEYBOARD_EVENT, MOUSE = ot::MOUSE_EVENT;
 
-class InputWindowTest : public ot_test::HeadlessEngine {
+class InputManagerWindow : public ot_test::HeadlessEngine {
  protected:
   std::string configText() const override {
     return "headless:false,\nnetworking:false,\nframe_time:20,\nfont_file:" + ot_test::fontFile() + ",\n";
@@ -91,7 +91,7 @@ class InputWindowTest : public ot_test::HeadlessEngine {
   std::function<bool()> m_done;
 };
 
-TEST_F(InputWindowTest, HeldKeyPressesOnceIsDownEveryFrameAndReleasesOnceButF11AndF12AreNeverDown) {
+TEST_F(InputManagerWindow, HeldKeyIsDownEveryFrame) {
   const What pressed{KB, ot::KEY_PRESSED, K::A}, down{KB, ot::KEY_DOWN, K::A},
       released{KB, ot::KEY_RELEASED, K::A};
   ASSERT_EQ(0, xdotool("keydown a keydown F11 keydown F12 keydown BackSpace keydown bracketleft"));
@@ -118,7 +118,7 @@ TEST_F(InputWindowTest, HeldKeyPressesOnceIsDownEveryFrameAndReleasesOnceButF11A
                                  "InputManager::toEventKeyboard(): Warning key 'Hyphen' not handled."));
 }
 
-TEST_F(InputWindowTest, HeldButtonClicksOnceAndIsPressedEveryFrame) {
+TEST_F(InputManagerWindow, HeldButtonIsPressedEveryFrame) {
   const What clicked{MOUSE, ot::CLICKED, ot::Mouse::LEFT}, pressed{MOUSE, ot::PRESSED, ot::Mouse::LEFT};
   ASSERT_EQ(0, xdotool("mousemove --window " + std::to_string(window()) + " 200 150 mousedown 1"));
   runUntil([&] { return !match(clicked).empty(); });
@@ -137,7 +137,7 @@ TEST_F(InputWindowTest, HeldButtonClicksOnceAndIsPressedEveryFrame) {
   EXPECT_FALSE(match({MOUSE, ot::MOVED, -1}).empty());  // the move into place, without a button
 }
 
-TEST_F(InputWindowTest, ClosingTheWindowSetsGameOverAndLeavesTheFrameUnread) {
+TEST_F(InputManagerWindow, ClosingTheWindowSetsGameOver) {
   // The close, then a key press behind it, in one connection and so in order.
   ::Display* p_x = XOpenDisplay(nullptr);
   ASSERT_NE(nullptr, p_x);

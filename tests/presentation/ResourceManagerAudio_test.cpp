@@ -17,23 +17,16 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class AudioTables : public ot_test::HeadlessEngine {
+class ResourceManagerAudio : public ot_test::HeadlessEngine {
  protected:
   ot::ResourceManager& rm = ot::ResourceManager::getInstance();
-  size_t m_seen = 0;
-  // The log lines written since the last call.
-  Lines fresh() {
-    Lines all = logMessages();
-    all.erase(all.begin(), all.begin() + static_cast<long>(std::exchange(m_seen, all.size())));
-    return all;
-  }
   static sf::Uint64 samples(ot::Sound* p_sound) {
     sf::Sound player = p_sound->getSound();
     return player.getBuffer() ? player.getBuffer()->getSampleCount() : 0;
   }
 };
 
-TEST_F(AudioTables, GoodFilesLoadUnderTheirLabelsAndBadOnesAreRefusedWithTheirLine) {
+TEST_F(ResourceManagerAudio, BadAudioFilesAreRefusedWithTheirLine) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100), bad = ot_test::writeTempFile("bad.ogg", "x");
   ot::LogManager::getInstance().setLogLevel(1);
   struct Case {
@@ -54,9 +47,9 @@ TEST_F(AudioTables, GoodFilesLoadUnderTheirLabelsAndBadOnesAreRefusedWithTheirLi
                           "RM::loadmusic(): Error! Cannot load music from file '/nonexistent.ogg'."},
                          {[&] { return rm.loadMusic(wav, ""); }, -1,
                           "RM::loadMusic(): Error! Must provide label for music."}}) {
-    fresh();
+    newLogMessages();
     EXPECT_EQ(c.result, c.load()) << c.line;
-    EXPECT_TRUE(ot_test::logHas(fresh(), c.line)) << c.line;
+    EXPECT_TRUE(ot_test::logHas(newLogMessages(), c.line)) << c.line;
   }
   // The failures took no slot: the next loads land right behind the first.
   ASSERT_EQ(0, rm.loadSound(ot_test::writeWavFile("b.wav", 200), "second"));
@@ -65,13 +58,13 @@ TEST_F(AudioTables, GoodFilesLoadUnderTheirLabelsAndBadOnesAreRefusedWithTheirLi
   EXPECT_EQ(rm.getMusic("theme") + 1, rm.getMusic("second"));
 }
 
-TEST_F(AudioTables, LabelsAreLookedUpInOrderAndAMissingOneWarns) {
+TEST_F(ResourceManagerAudio, LabelLookupTakesTheFirstMatch) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100);
   ASSERT_EQ(0, rm.loadSound(wav, "twice"));
   ASSERT_EQ(0, rm.loadSound(wav, "twice"));
   ASSERT_EQ(0, rm.loadMusic(wav, "twice"));
   ot::LogManager::getInstance().setLogLevel(5);
-  fresh();
+  newLogMessages();
   EXPECT_EQ("twice", rm.getSound("twice")->getLabel());
   EXPECT_EQ(0, rm.unloadSound("twice"));
   EXPECT_EQ("twice", rm.getSound("twice")->getLabel());  // the second one, moved down
@@ -82,18 +75,18 @@ TEST_F(AudioTables, LabelsAreLookedUpInOrderAndAMissingOneWarns) {
              "RM::getSound(): Looking for sound 'none'.", "RM::getSound(): Warning! Sound 'none' not found.",
              "RM::getMusic(): Looking for music 'none'.",
              "RM::getMusic(): Warning! Music 'none' not found."}),
-      fresh());
+      newLogMessages());
 }
 
-TEST_F(AudioTables, AHundredSoundsFitAndUnloadingMovesTheRestDownWithTheirOwnBuffers) {
+TEST_F(ResourceManagerAudio, UnloadingASoundMovesTheRestDown) {
   const std::string short_wav = ot_test::writeWavFile("a.wav", 100);
   ASSERT_EQ(0, rm.loadSound(short_wav, "first"));
   ASSERT_EQ(0, rm.loadSound(ot_test::writeWavFile("b.wav", 200), "middle"));
   ASSERT_EQ(0, rm.loadSound(ot_test::writeWavFile("c.wav", 300), "last"));
   for (int i = 3; i < ot::MAX_SOUNDS; i++) ASSERT_EQ(0, rm.loadSound(short_wav, std::to_string(i)));
-  fresh();
+  newLogMessages();
   EXPECT_EQ(-1, rm.loadSound(short_wav, "over"));
-  EXPECT_EQ(Lines{"RM::loadSound(): Error! Unable to add more sounds (max is 100)."}, fresh());
+  EXPECT_EQ(Lines{"RM::loadSound(): Error! Unable to add more sounds (max is 100)."}, newLogMessages());
 
   ot::Sound* p_first_slot = rm.getSound("first");
   EXPECT_EQ(-1, rm.unloadSound("absent"));
@@ -105,23 +98,23 @@ TEST_F(AudioTables, AHundredSoundsFitAndUnloadingMovesTheRestDownWithTheirOwnBuf
   EXPECT_NE(p_first_slot->getSound().getBuffer(), rm.getSound("last")->getSound().getBuffer());
   rm.getSound("middle")->play();
   EXPECT_EQ(0, rm.loadSound(short_wav, "over"));
-  EXPECT_EQ(Lines{}, fresh());
+  EXPECT_EQ(Lines{}, newLogMessages());
 }
 
-TEST_F(AudioTables, FiftyMusicSlotsAndAnUnloadedOneIsNeverFreed) {
+TEST_F(ResourceManagerAudio, UnloadedMusicSlotIsNeverReused) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100);
   for (int i = 0; i < ot::MAX_MUSICS; i++) ASSERT_EQ(0, rm.loadMusic(wav, "m" + std::to_string(i)));
   EXPECT_EQ(-1, rm.unloadMusic("absent"));
   EXPECT_EQ(0, rm.unloadMusic("m7"));
-  fresh();
+  newLogMessages();
   EXPECT_EQ(nullptr, rm.getMusic("m7"));
   EXPECT_EQ(-1, rm.loadMusic(wav, "more"));
   EXPECT_EQ((Lines{"RM::getMusic(): Warning! Music 'm7' not found.",
                    "RM::loadMusic(): Error! Unable to add more musics (max is 50)."}),
-            fresh());
+            newLogMessages());
 }
 
-TEST_F(AudioTables, ShutDownStopsNoMoreMusicThanThereAreSounds) {
+TEST_F(ResourceManagerAudio, ShutDownStopsNoMoreMusicThanThereAreSounds) {
   const std::string wav = ot_test::writeWavFile("a.wav", 40000);
   ASSERT_EQ(0, rm.loadSound(wav, "sound"));
   ASSERT_EQ(0, rm.loadMusic(wav, "stopped"));
@@ -135,13 +128,13 @@ TEST_F(AudioTables, ShutDownStopsNoMoreMusicThanThereAreSounds) {
   rm.startUp();
 }
 
-TEST_F(AudioTables, NothingLoadsOrUnloadsBeforeTheStart) {
+TEST_F(ResourceManagerAudio, NothingIsLoadedBeforeTheStart) {
   const std::string wav = ot_test::writeWavFile("a.wav", 100);
   rm.shutDown();
-  fresh();
+  newLogMessages();
   EXPECT_EQ(std::make_tuple(-1, -1, -1, -1), std::make_tuple(rm.loadSound(wav, "s"), rm.unloadSound("s"),
                                                              rm.loadMusic(wav, "m"), rm.unloadMusic("m")));
-  EXPECT_EQ(Lines(4, "ResourceManager not started!"), fresh());
+  EXPECT_EQ(Lines(4, "ResourceManager not started!"), newLogMessages());
   rm.startUp();
 }
 

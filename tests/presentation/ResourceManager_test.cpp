@@ -17,27 +17,21 @@ std::string robust(std::string header, std::string body, std::string footer = "v
          "</FOOTER>\n";
 }
 
-class Resources : public ot_test::HeadlessEngine {
+class ResourceManagerTest : public ot_test::HeadlessEngine {
  protected:
   ot::ResourceManager& rm = ot::ResourceManager::getInstance();
-  size_t m_seen = 0;
   std::string m_path;
-  Lines fresh() {
-    Lines all = logMessages();
-    all.erase(all.begin(), all.begin() + static_cast<long>(std::exchange(m_seen, all.size())));
-    return all;
-  }
   // Loads text as a sprite file at this log level; the log lines that wrote.
   Lines load(const std::string& text, int result, int level = 0, const std::string& label = "s") {
     ot::LogManager::getInstance().setLogLevel(level);
     m_path = ot_test::writeTempFile("sprite.txt", text);
-    fresh();
+    newLogMessages();
     EXPECT_EQ(result, rm.loadSprite(m_path, label)) << text;
-    return fresh();
+    return newLogMessages();
   }
 };
 
-TEST_F(Resources, BrokenSpriteFilesLeaveTheirExactTrail) {
+TEST_F(ResourceManagerTest, BrokenSpriteFilesLeaveTheirExactTrail) {
   const std::string h3 = "frames 1\nwidth 3\nheight 1\n", ok = "abc\nend\n";  // the body opens on line 6
   const std::string h2x2 = "frames 2\nwidth 3\nheight 2\n", simple = "RM::loadSimpleSprite(): Error line ";
   const std::string eof = "RM::loadSimpleSprite(): Error! Unexpected end of file.", line = "\tError! Line ";
@@ -96,15 +90,15 @@ TEST_F(Resources, BrokenSpriteFilesLeaveTheirExactTrail) {
     load(text, -1);  // starts the line count afresh
     std::ifstream file(m_path);
     EXPECT_EQ(nullptr, rm.loadSimpleSprite(file));
-    EXPECT_EQ(trail, fresh());
+    EXPECT_EQ(trail, newLogMessages());
   }
   EXPECT_EQ(-1, rm.loadSprite("/nonexistent/coin.txt", "s"));
   EXPECT_EQ(Lines({"RM::loadSprite(): Error! Cannot open file '/nonexistent/coin.txt'.",
                    "RM::loadSprite(): Sprite 's' not loaded."}),
-            fresh());
+            newLogMessages());
 }
 
-TEST_F(Resources, LevelledLinesShowFromTheirLevelOn) {
+TEST_F(ResourceManagerTest, LevelledLinesShowFromTheirLevelOn) {
   const std::string r = robust("frames 1\nwidth 3\nheight 1\nspeed 2\n", "abc\nend\n"),
                     s = "1\n3\n1\n4\ncyan\nabc\n";
   const std::tuple<const std::string&, int, std::string> cases[] = {
@@ -120,7 +114,7 @@ TEST_F(Resources, LevelledLinesShowFromTheirLevelOn) {
   }
 }
 
-TEST_F(Resources, BothFormatsLoadWithCarriageReturnsOrWithoutAFinalNewline) {
+TEST_F(ResourceManagerTest, BothFormatsLoadWithCarriageReturns) {
   const std::string simple = "2\n3\n2\n3\nyellow\n#o#\n(|)\n#O#\n(|)\n";
   // Robust keys match by prefix and the last wins; what is left over is only warned about.
   const std::string keys =
@@ -156,7 +150,7 @@ TEST_F(Resources, BothFormatsLoadWithCarriageReturnsOrWithoutAFinalNewline) {
             std::make_tuple(p->getSlowdown(), p->getColor(), p->getTransparency()));
 }
 
-TEST_F(Resources, NumberKeyWithoutValueIsRefusedNamingItsLineAndLoadingGoesOn) {
+TEST_F(ResourceManagerTest, NumberKeyWithoutValueIsRefused) {
   const std::string body = "x\nend\n", error = "RM::loadRobustSprite(): Error line ";
   const std::pair<std::string, std::string> cases[] = {
       {"frames\nwidth 1\nheight 1\n", "2! No value for 'frames' in header."},
@@ -179,7 +173,7 @@ TEST_F(Resources, NumberKeyWithoutValueIsRefusedNamingItsLineAndLoadingGoesOn) {
   EXPECT_EQ(std::make_tuple(ot::WHITE, '\0'), std::make_tuple(p->getColor(), p->getTransparency()));
 }
 
-TEST_F(Resources, HoldAThousandSpritesAndUnloadingUncoversTheNextOfALabel) {
+TEST_F(ResourceManagerTest, UnloadingUncoversTheNextOfALabel) {
   load("1\n1\n1\n0\nred\nA\n", 0);
   load("1\n1\n1\n0\nred\nB\n", 0);
   for (int i = 2; i < ot::MAX_SPRITES; i++) ASSERT_EQ(0, rm.loadSprite(m_path, std::to_string(i)));
@@ -194,7 +188,7 @@ TEST_F(Resources, HoldAThousandSpritesAndUnloadingUncoversTheNextOfALabel) {
 
 }  // namespace
 
-TEST_F(Resources, ShippedExamplesLoadAndNothingLoadsBeforeTheStart) {
+TEST_F(ResourceManagerTest, ShippedExamplesLoad) {
   const std::string dir = std::string(getenv("OSTREL_SOURCE_DIR")) + "/sprites/examples/";
   EXPECT_EQ(0, rm.loadSprite(dir + "coin-simple.txt", "simple"));
   EXPECT_EQ(0, rm.loadSprite(dir + "coin-robust.txt", "robust"));

@@ -23,7 +23,7 @@ Lines sfmlLines(const Lines& log) {
 
 using SfmlErrorsTest = ot_test::HeadlessEngine;
 
-TEST_F(SfmlErrorsTest, EachLineSfmlReportsIsLoggedAndAnUnfinishedOneAtShutDown) {
+TEST_F(SfmlErrorsTest, EachLineSfmlReportsIsLogged) {
   sf::err() << "first report\n\n   \nsecond"
             << " report" << std::endl
             << "unfinished";

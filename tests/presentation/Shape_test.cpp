@@ -9,7 +9,7 @@ class ShapeTest : public ot_test::HeadlessEngine {
   int logLevel() const override { return 5; }
 };
 
-TEST_F(ShapeTest, CirclePointsAreTheSizeHeldBetweenThreeAndTenAndOnlyTypesMinusOneToTwoAreTaken) {
+TEST_F(ShapeTest, CirclePointCountIsTheSizeClamped) {
   ot::Shape shape;
   const float sizes_and_points[] = {5.9f, 5, 2, 3, 3, 3, 10, 10, 10.5f, 10, -4, 3};
   for (int i = 0; i < 12; i += 2) {
@@ -27,7 +27,7 @@ TEST_F(ShapeTest, CirclePointsAreTheSizeHeldBetweenThreeAndTenAndOnlyTypesMinusO
   EXPECT_TRUE(ot_test::logHas(log, "Shape::draw(): DisplayManager window not defined."));
 }
 
-TEST_F(ShapeTest, ComparisonSkipsOpacityAndTheChannelsOfNamedColours) {
+TEST_F(ShapeTest, NamedColoursCompareWithoutChannelsOrOpacity) {
   ot::Shape a, b;
   // The cell's 12.8 pixels cut to 12, times font_scale 2.
   EXPECT_EQ("circle, size 24.000000, White, 255", a.toString());

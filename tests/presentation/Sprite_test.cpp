@@ -6,7 +6,7 @@ namespace {
 
 class SpriteTest : public ot_test::HeadlessEngine {};
 
-TEST_F(SpriteTest, KeepsTheFirstFramesToItsCapacityAndGivesEmptyOnesOutsideThem) {
+TEST_F(SpriteTest, FramesStopAtItsCapacity) {
   ot::Sprite sprite(3);
   for (const char* text : {"\\o//o\\", "/o\\\\o/"}) EXPECT_EQ(0, sprite.addFrame(ot::Frame(3, 2, text)));
   EXPECT_EQ("", sprite.getFrame(2).getString() + sprite.getFrame(-1).getString());  // 2: within capacity

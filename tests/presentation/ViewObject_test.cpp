@@ -12,7 +12,7 @@ using ot::ViewObject;
 // The engine's view is 80 by 24 spaces here.
 class ViewObjectTest : public ot_test::HeadlessEngine {};
 
-TEST_F(ViewObjectTest, LocationsFollowTheViewWithAndWithoutBorder) {
+TEST_F(ViewObjectTest, LocationsFollowTheView) {
   auto* p_framed = new ViewObject;
   auto* p_plain = new ViewObject;
   EXPECT_TRUE(p_framed->isModified(ViewObject::VALUE) && p_framed->isModified(ViewObject::APPEARANCE));
@@ -54,7 +54,7 @@ TEST_F(ViewObjectTest, ViewEventReplacesOrAddsForEveryItemOfItsTag) {
   EXPECT_TRUE(items[0]->getValue() == -8 && items[1]->getValue() == -8 && items[2]->getValue() == 0);
 }
 
-TEST_F(ViewObjectTest, PlacedItemLeavesItsLocationAndOnlyChangesMarkTheValueApart) {
+TEST_F(ViewObjectTest, OnlyChangesMarkTheValueApart) {
   auto* p_item = new ViewObject;
   p_item->setModified(0);
   EXPECT_EQ(0, p_item->setPosition(Vector(40, 1)));  // where TOP_CENTER put it

@@ -1,5 +1,6 @@
 #include "tests/support/HeadlessEngine.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "engine/core/Config.h"
@@ -32,6 +33,13 @@ std::string HeadlessEngine::configText() const {
 std::vector<std::string> HeadlessEngine::logMessages() const {
   ot::LogManager::getInstance().flush();
   return readLogMessages();
+}
+
+std::vector<std::string> HeadlessEngine::newLogMessages() {
+  std::vector<std::string> log = logMessages();
+  log.erase(log.begin(), log.begin() + static_cast<long>(std::min(m_log_seen, log.size())));
+  m_log_seen += log.size();
+  return log;
 }
 
 void runFrames(int n) {

@@ -25,6 +25,11 @@ class HeadlessEngine : public ::testing::Test {
 
   // The log's messages so far.
   std::vector<std::string> logMessages() const;
+  // The log's messages written since the last call (at the first, all so far).
+  std::vector<std::string> newLogMessages();
+
+ private:
+  size_t m_log_seen = 0;
 };
 
 // Runs the game loop for exactly n frames, without sleeping and with a clock

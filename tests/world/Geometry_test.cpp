@@ -9,7 +9,7 @@
 using namespace ot;
 using namespace ot_test;
 
-TEST(Geometry, RangesAndBoxesCountTheirEdges) {
+TEST(Geometry, BoxesCountTheirEdges) {
   EXPECT_TRUE(valueInRange(4, 0, 4));
   EXPECT_FALSE(valueInRange(NAN, 0, 4));
   Box unit(Vector(0, 0), 1, 1);
@@ -18,7 +18,7 @@ TEST(Geometry, RangesAndBoxesCountTheirEdges) {
   EXPECT_TRUE(boxIntersectsBox(Box(Vector(-1, -1), 3, 3), unit));
 }
 
-TEST(Geometry, LinesMeetBoxesAlongASideButCirclesOnlyByHoldingACorner) {
+TEST(Geometry, CirclesMeetBoxesOnlyByHoldingACorner) {
   Box b(Vector(0, 0), 10, 10);
   EXPECT_TRUE(lineIntersectsBox(Line(Vector(0, 2), Vector(0, 8)), b));  // along a side
   EXPECT_FALSE(lineIntersectsBox(Line(Vector(11, 0), Vector(11, 10)), b));
@@ -27,9 +27,9 @@ TEST(Geometry, LinesMeetBoxesAlongASideButCirclesOnlyByHoldingACorner) {
   EXPECT_FALSE(circleIntersectsBox(Circle(Vector(5, -1), 2), b));  // crosses the top side only
 }
 
-using WorldGeometry = HeadlessEngine;
+using GeometryTest = HeadlessEngine;
 
-TEST_F(WorldGeometry, NormalSearchPilesUpItsScalingsAndFindsNoSideForObjectsApart) {
+TEST_F(GeometryTest, NormalSearchPilesUpItsScalings) {
   auto* p_wall = new SpyObject;
   p_wall->setPosition(Vector(10, 12));
   auto* p_o = new SpyObject;
@@ -47,7 +47,7 @@ TEST_F(WorldGeometry, NormalSearchPilesUpItsScalingsAndFindsNoSideForObjectsApar
   EXPECT_TRUE(logHas(logMessages(), kLine));
 }
 
-TEST(Geometry, AnglesStartUpwardAndMasksPrintAllThirtyTwoBits) {
+TEST(Geometry, AnglesStartUpward) {
   // Up is 0 but for the float rounding of a quarter turn.
   EXPECT_NEAR(0.0f, vectorToAngle(Vector(0, -1)), 1e-5);
   EXPECT_FLOAT_EQ(90.0f, vectorToAngle(Vector(1, 0)));

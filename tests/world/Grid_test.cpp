@@ -14,7 +14,7 @@ using Objects = std::vector<Object*>;
 namespace {
 
 // The 80 by 24 world, cut by the default cells of 20 by 8 into 4 by 3.
-class GridCover : public HeadlessEngine {
+class GridTest : public HeadlessEngine {
  protected:
   static Grid& grid() { return *WorldManager::getInstance().getSceneGraph().getGrid(); }
   static Object* solidAt(Vector where, Box box = Box(Vector(-0.5f, -0.5f), 0.99f, 0.99f)) {
@@ -32,7 +32,7 @@ class GridCover : public HeadlessEngine {
 
 }  // namespace
 
-TEST_F(GridCover, CellsCoverTheFarEdgeAndAnObjectSeenInACellAndOutOfBoundsIsReportedOnce) {
+TEST_F(GridTest, CellsCoverTheFarEdge) {
   Object* p_border = solidAt(Vector(0, 0));
   solidAt(Vector(-9, -9));  // outside too, but far off
   Object* p_o = solidAt(Vector(10, 10), Box(Vector(0, 0), 20, 1));
@@ -44,7 +44,7 @@ TEST_F(GridCover, CellsCoverTheFarEdgeAndAnObjectSeenInACellAndOutOfBoundsIsRepo
   EXPECT_EQ(Objects{p_border}, items(grid().getCollisions(p_o, Vector(-0.1f, 0))));
 }
 
-TEST_F(GridCover, CollisionsComeOutOfBoundsFirstThenRowByRowThenInOrderOfEntry) {
+TEST_F(GridTest, CollisionsComeOutOfBoundsFirstThenRowByRowThenInOrderOfEntry) {
   Object* p_row1 = solidAt(Vector(5, 12));
   Object* p_col1 = solidAt(Vector(25, 4));
   Object* p_first = solidAt(Vector(5, 4));
@@ -56,7 +56,7 @@ TEST_F(GridCover, CollisionsComeOutOfBoundsFirstThenRowByRowThenInOrderOfEntry) 
             items(grid().getCollisions(p_mover, Vector(0, 0))));
 }
 
-TEST_F(GridCover, MovesTouchOnlyTheCellsThatDiffer) {
+TEST_F(GridTest, MovesTouchOnlyTheCellsThatDiffer) {
   Object* p_o = solidAt(Vector(5, 4));
   Object* p_second = solidAt(Vector(6, 4));
   p_o->setPosition(Vector(5.5f, 4));
@@ -67,7 +67,7 @@ TEST_F(GridCover, MovesTouchOnlyTheCellsThatDiffer) {
   EXPECT_EQ(Objects{p_o}, items(grid().getObjects(Grid::OUT_OF_BOUNDS) + grid().getObjects({0, 1})));
 }
 
-TEST_F(GridCover, BoundaryChangeEmptiesTheGridAndNewCellsRefillIt) {
+TEST_F(GridTest, BoundaryChangeEmptiesTheGrid) {
   solidAt(Vector(10, 4));
   Object* p_b = solidAt(Vector(10.5f, 4));
   WorldManager::getInstance().setBoundary(Box(Vector(0, 0), 60, 20));
@@ -78,7 +78,7 @@ TEST_F(GridCover, BoundaryChangeEmptiesTheGridAndNewCellsRefillIt) {
   grid().setDimensions(20, 8);  // the grid outlives the test
 }
 
-TEST_F(GridCover, DumpListsEveryCellAndTheOutsiders) {
+TEST_F(GridTest, DumpListsEveryCell) {
   WorldManager::getInstance().setBoundary(Box(Vector(0, 0), 40, 8));
   Object* p_in = solidAt(Vector(5, 3));
   Object* p_out = solidAt(Vector(-3, 3));
@@ -88,7 +88,7 @@ TEST_F(GridCover, DumpListsEveryCellAndTheOutsiders) {
             grid().toString());
 }
 
-TEST_F(GridCover, RevisionChangesWithEverythingACollisionQueryCanSee) {
+TEST_F(GridTest, RevisionChangesWithEverythingACollisionQueryCanSee) {
   Object* p_o = solidAt(Vector(10, 4));
   const std::pair<const char*, std::function<void()>> changes[] = {
       {"new object", [] { solidAt(Vector(30, 4)); }},

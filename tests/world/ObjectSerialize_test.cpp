@@ -18,7 +18,7 @@ using ot_test::logHas;
 
 namespace {
 
-class Serialization : public ot_test::HeadlessEngine {};
+class ObjectSerialize : public ot_test::HeadlessEngine {};
 
 std::string bytesOf(const std::stringstream& ss) { return ss.str(); }
 
@@ -51,7 +51,7 @@ Object* makeChangedObject() {
 
 }  // namespace
 
-TEST_F(Serialization, WritesTheMaskThenTheFieldsAsTheyLieInMemory) {
+TEST_F(ObjectSerialize, WritesTheMaskThenTheFieldsAsTheyLieInMemory) {
   auto* p_o = new Object;
   p_o->setId(7);
   p_o->setPosition(Vector(1.0f, 2.0f));
@@ -62,7 +62,7 @@ TEST_F(Serialization, WritesTheMaskThenTheFieldsAsTheyLieInMemory) {
   EXPECT_TRUE(p_o->isModified(Object::TYPE));
 }
 
-TEST_F(Serialization, SecondWriteOfAnUnchangedObjectIsTheEmptyMask) {
+TEST_F(ObjectSerialize, SecondWriteOfAnUnchangedObjectIsTheEmptyMask) {
   auto* p_o = new Object;
   std::stringstream first, second;
   p_o->serialize(&first);
@@ -71,7 +71,7 @@ TEST_F(Serialization, SecondWriteOfAnUnchangedObjectIsTheEmptyMask) {
   EXPECT_EQ(std::string(4, '\0'), bytesOf(second));
 }
 
-TEST_F(Serialization, EveryAttributeRoundTripsButThePathCursor) {
+TEST_F(ObjectSerialize, EveryAttributeRoundTripsButThePathCursor) {
   Object* p_writer = makeChangedObject();
   ot::Path walked = p_writer->getPath();
   walked++;
@@ -94,7 +94,7 @@ TEST_F(Serialization, EveryAttributeRoundTripsButThePathCursor) {
   EXPECT_EQ(-1, p_reader->unregisterInterest("reader-only")) << "interests are replaced, not added to";
 }
 
-TEST_F(Serialization, ViewObjectValueAndAppearanceTravelAndStayMarked) {
+TEST_F(ObjectSerialize, ViewObjectReaderStaysMarked) {
   auto* p_writer = new ot::ViewObject;
   p_writer->setViewString("Gold");
   p_writer->setValue(42);
@@ -110,7 +110,7 @@ TEST_F(Serialization, ViewObjectValueAndAppearanceTravelAndStayMarked) {
   EXPECT_EQ(ot::ViewObject::VALUE | ot::ViewObject::APPEARANCE, p_reader->getModified());
 }
 
-TEST_F(Serialization, ShortOrGarbledStreamsFailWithoutHarm) {
+TEST_F(ObjectSerialize, ShortOrGarbledStreamsFailWithoutHarm) {
   Object* p_writer = makeChangedObject();
   std::stringstream full;
   p_writer->serialize(&full);
@@ -131,7 +131,7 @@ TEST_F(Serialization, ShortOrGarbledStreamsFailWithoutHarm) {
   EXPECT_TRUE(logHas(logMessages(), "Object::deserialize(): Error! Stream fail."));
 }
 
-TEST_F(Serialization, ParticlesWarnThenDoAsObjects) {
+TEST_F(ObjectSerialize, ParticlesWarnThenDoAsObjects) {
   ot::LogManager::getInstance().setLogLevel(1);
   auto* p_particle = new ot::Particle(2.0f, 10, 255, ot::RED);
   std::stringstream ss;
@@ -142,7 +142,7 @@ TEST_F(Serialization, ParticlesWarnThenDoAsObjects) {
   EXPECT_TRUE(logHas(log, "Particle::deserialize(): Warning!  Cannot deserialize particles."));
 }
 
-TEST_F(Serialization, AnimationFindsTheReadersSpriteByNameAndKeepsItsPlace) {
+TEST_F(ObjectSerialize, AnimationFindsTheReadersSpriteByName) {
   auto& resources = ot::ResourceManager::getInstance();
   ASSERT_EQ(0, resources.loadSprite(
                    std::string(getenv("OSTREL_SOURCE_DIR")) + "/sprites/examples/coin-robust.txt", "coin"));

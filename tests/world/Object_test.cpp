@@ -13,7 +13,7 @@ using namespace ot_test;
 
 namespace {
 
-class Objects : public HeadlessEngine {};
+class ObjectTest : public HeadlessEngine {};
 
 Path pathOf(std::vector<Vector> points) {
   Path path;
@@ -55,7 +55,7 @@ const MaskCase kMaskCases[] = {
 
 }  // namespace
 
-TEST_F(Objects, EachSetterMarksItsOwnBitAndNoOther) {
+TEST_F(ObjectTest, EachSetterMarksOnlyItsOwnBit) {
   std::string coin = std::string(std::getenv("OSTREL_SOURCE_DIR")) + "/sprites/examples/coin-simple.txt";
   ASSERT_EQ(0, ResourceManager::getInstance().loadSprite(coin, "coin"));
   for (const MaskCase& c : kMaskCases) {
@@ -71,7 +71,7 @@ TEST_F(Objects, EachSetterMarksItsOwnBitAndNoOther) {
   EXPECT_TRUE(logHas(logMessages(), "Object::setSprite(): Warning! Sprite 'nothing' not found"));
 }
 
-TEST_F(Objects, AccelerationAddsAfterEachMoveAndOnlyVelocityNormalisesTheDirection) {
+TEST_F(ObjectTest, AccelerationAddsAfterEachMove) {
   auto* p_o = new Object;
   p_o->setAcceleration(Vector(0, 0.5f));
   WorldManager::getInstance().update();
@@ -83,7 +83,7 @@ TEST_F(Objects, AccelerationAddsAfterEachMoveAndOnlyVelocityNormalisesTheDirecti
   EXPECT_EQ(Vector(0.6f, 0.8f), p_o->getDirection());
 }
 
-TEST_F(Objects, InterestsAreLimitedRoutedByLabelAndStoredAsOftenAsRegistered) {
+TEST_F(ObjectTest, InterestsAreStoredAsOftenAsRegistered) {
   auto* p_o = new SpyObject;
   EXPECT_EQ(-1, p_o->registerInterest(OUT_EVENT));
   // Removal sends the network's object labels to the world, which can't remove them.
@@ -103,7 +103,7 @@ TEST_F(Objects, InterestsAreLimitedRoutedByLabelAndStoredAsOftenAsRegistered) {
       logHas(log, "Manager(WorldManager)::registerInterest(): Event 'ot-out' not valid for this Manager"));
 }
 
-TEST_F(Objects, FollowerSnapsToEveryNodeWithinThreeQuartersOfAStepAndStopsAtTheEnd) {
+TEST_F(ObjectTest, FollowerSnapsToNodesWithinThreeQuartersOfAStep) {
   auto* p_o = new Object;
   p_o->setSpeed(1);
   p_o->setPath(pathOf({Vector(1.5f, 1), Vector(2, 1), Vector(2, 4)}));
@@ -118,7 +118,7 @@ TEST_F(Objects, FollowerSnapsToEveryNodeWithinThreeQuartersOfAStepAndStopsAtTheE
   EXPECT_FLOAT_EQ(1.0f, p_o->getSpeed());
 }
 
-TEST_F(Objects, TextKeepsItsSlips) {
+TEST_F(ObjectTest, TextKeepsItsSlips) {
   auto* p_o = new Object;
   p_o->setType("Thing");
   Shape shape;

@@ -10,7 +10,7 @@ using namespace ot_test;
 
 namespace {
 
-class Scene : public HeadlessEngine {
+class SceneGraphTest : public HeadlessEngine {
  protected:
   static SceneGraph& scene() { return WorldManager::getInstance().getSceneGraph(); }
   static bool holds(ObjectList list, Object* p_o) { return list.remove(p_o) == 0; }
@@ -29,7 +29,7 @@ class Scene : public HeadlessEngine {
 
 }  // namespace
 
-TEST_F(Scene, InactiveObjectIsOnlyInTheInactiveListAndComesBackAtTheEnds) {
+TEST_F(SceneGraphTest, InactiveObjectIsOnlyInTheInactiveList) {
   auto* p_o = new SpyObject("Thing");
   EXPECT_EQ("ASVT-G", where(p_o));
   ASSERT_EQ(0, p_o->setActive(false));
@@ -44,7 +44,7 @@ TEST_F(Scene, InactiveObjectIsOnlyInTheInactiveListAndComesBackAtTheEnds) {
     EXPECT_EQ(p_o, last(list));
 }
 
-TEST_F(Scene, VisibilityAndSolidnessMoveOnlyWhatTheyConcern) {
+TEST_F(SceneGraphTest, ChangesMoveOnlyWhatTheyConcern) {
   auto* p_o = new SpyObject;
   auto* p_later = new SpyObject;
   p_o->setVisible(false);
@@ -58,7 +58,7 @@ TEST_F(Scene, VisibilityAndSolidnessMoveOnlyWhatTheyConcern) {
   EXPECT_EQ(p_o, last(scene().solidObjects()));
 }
 
-TEST_F(Scene, AltitudeOutOfRangeIsRefusedByTheSetterAndByTheSceneGraph) {
+TEST_F(SceneGraphTest, AltitudeOutOfRangeIsRefused) {
   auto* p_o = new SpyObject;
   EXPECT_EQ(0, p_o->setAltitude(4));
   EXPECT_EQ(p_o, last(scene().visibleObjects(4)));
@@ -72,7 +72,7 @@ TEST_F(Scene, AltitudeOutOfRangeIsRefusedByTheSetterAndByTheSceneGraph) {
   EXPECT_FALSE(logHas(log, "SceneGraph::updateAltitude(): New altitude 9 not in [0,4]!  No update."));
 }
 
-TEST_F(Scene, FailuresAreLoudOnlyWhileTheGameRuns) {
+TEST_F(SceneGraphTest, FailuresAreLoudOnlyWhileTheGameRuns) {
   auto* p_sleeper = new SpyObject("Sleeper");
   p_sleeper->setActive(false);
   p_sleeper->setType("Awake");  // not in the type map, yet stored

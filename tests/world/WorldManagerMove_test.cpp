@@ -8,7 +8,7 @@ using namespace ot_test;
 
 namespace {
 
-class Moving : public HeadlessEngine {
+class WorldManagerMove : public HeadlessEngine {
  protected:
   int logLevel() const override { return 5; }
   static WorldManager& world() { return WorldManager::getInstance(); }
@@ -26,14 +26,14 @@ class Moving : public HeadlessEngine {
   }
 };
 
-class MoveOutcomes : public Moving, public ::testing::WithParamInterface<std::string> {};
+class WorldManagerMoveOutcome : public WorldManagerMove, public ::testing::WithParamInterface<std::string> {};
 
 Solidness kind(char c) { return c == 'H' ? HARD : c == 'S' ? SOFT : SPECTRAL; }
 
 }  // namespace
 
 // Rows: mover, N if it has no-soft, other; then e if both hear of it, m if the mover moves.
-TEST_P(MoveOutcomes, FollowTheTableOfKinds) {
+TEST_P(WorldManagerMoveOutcome, FollowTheTableOfKinds) {
   const std::string row = GetParam();
   SpyObject* p_mover = spyAt(Vector(10, 10), kind(row[0]));
   p_mover->setNoSoft(row[1] == 'N');
@@ -44,12 +44,12 @@ TEST_P(MoveOutcomes, FollowTheTableOfKinds) {
   EXPECT_EQ(row[3] == 'e' ? 1 : 0, p_other->count(COLLISION_EVENT));
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, MoveOutcomes,
+INSTANTIATE_TEST_SUITE_P(Table, WorldManagerMoveOutcome,
                          ::testing::Values("H-He-", "H-Sem", "H-X-m", "HNHe-", "HNSe-", "HNX-m", "S-Hem",
                                            "S-Sem", "S-X-m", "SNHem", "SNSe-", "SNX-m", "X-H-m", "X-S-m",
                                            "X-X-m", "XNS-m"));
 
-TEST_F(Moving, MoverHearsFirstAndEveryColliderHearsEvenAfterABlock) {
+TEST_F(WorldManagerMove, MoverHearsFirst) {
   SpyObject* p_mover = spyAt(Vector(10, 10), HARD, "Mover");
   SpyObject* p_wall = spyAt(Vector(11, 10), HARD, "Wall");
   SpyObject* p_soft = spyAt(Vector(11, 10), SOFT, "Soft");
@@ -62,7 +62,7 @@ TEST_F(Moving, MoverHearsFirstAndEveryColliderHearsEvenAfterABlock) {
   EXPECT_EQ((std::vector<std::string>{"Mover<Wall", "Wall<Wall", "Mover<Soft", "Soft<Soft"}), order);
 }
 
-TEST_F(Moving, HandlerThatMovesTheMoverWinsAndNoSoftIsReadForEachCollider) {
+TEST_F(WorldManagerMove, HandlerThatMovesTheMoverWins) {
   SpyObject* p_mover = spyAt(Vector(10, 10), SOFT);
   SpyObject* p_other = spyAt(Vector(11, 10), SOFT);
   p_mover->on_event = [](SpyObject& self, const Event*) { self.setPosition(Vector(3, 3)); };
@@ -76,7 +76,7 @@ TEST_F(Moving, HandlerThatMovesTheMoverWinsAndNoSoftIsReadForEachCollider) {
   EXPECT_EQ(-1, world().moveObject(p_mover, Vector(4, 3)));
 }
 
-TEST_F(Moving, SliderAlongAWallGoesAtFullSpeedAndMeetsOnlyWhatLiesThere) {
+TEST_F(WorldManagerMove, SliderAlongAWallGoesAtFullSpeed) {
   for (int x = 5; x <= 15; x++) spyAt(Vector(static_cast<float>(x), 12), HARD);
   SpyObject* p_soft = spyAt(Vector(11.5f, 11), SOFT);
   SpyObject* p_mover = sliderAt(Vector(10, 11), Vector(0.6f, 0.8f));
@@ -92,7 +92,7 @@ TEST_F(Moving, SliderAlongAWallGoesAtFullSpeedAndMeetsOnlyWhatLiesThere) {
                      "WorldManager::moveObject(): Double collision. Object (avoid obstacles) cannot move."));
 }
 
-TEST_F(Moving, SliderOffAnOuterCornerTurnsItsSidewaysPartAroundAndAtZeroSpeedSlidesNowhere) {
+TEST_F(WorldManagerMove, SliderOffAnOuterCornerTurnsItsSidewaysPart) {
   SpyObject* p_block = spyAt(Vector(11, 11), HARD);
   SpyObject* p_mover = sliderAt(Vector(10, 10), Vector(0.6f, 0.8f));
   EXPECT_EQ(0, world().moveObject(p_mover, p_mover->predictPosition()));
@@ -105,7 +105,7 @@ TEST_F(Moving, SliderOffAnOuterCornerTurnsItsSidewaysPartAroundAndAtZeroSpeedSli
   EXPECT_EQ(0, p_block->count(COLLISION_EVENT));
 }
 
-TEST_F(Moving, LeavingTheWorldIsToldOnceAndTheViewFollowsPastItsSlack) {
+TEST_F(WorldManagerMove, ViewFollowsPastItsSlack) {
   world().setBoundary(Box(Vector(0, 0), 200, 100));
   world().setViewSlack(Vector(0.5f, 0.5f));
   SpyObject* p_o = spyAt(Vector(40, 12), SPECTRAL);

@@ -25,7 +25,7 @@ class Traced : public Base {
   Trace* p_trace_;
 };
 
-class World : public HeadlessEngine {
+class WorldManagerTest : public HeadlessEngine {
  protected:
   int logLevel() const override { return 2; }
   static WorldManager& world() { return WorldManager::getInstance(); }
@@ -35,7 +35,7 @@ class World : public HeadlessEngine {
 
 }  // namespace
 
-TEST_F(World, MarkedTwiceInAStepHandlerIsDeletedOnceBeforeTheDraw) {
+TEST_F(WorldManagerTest, MarkedTwiceInAStepHandlerIsDeletedOnceBeforeTheDraw) {
   auto* p_o = traced("Gone");
   p_o->registerInterest(STEP_EVENT);
   p_o->on_event = [this](SpyObject& self, const Event*) {
@@ -47,7 +47,7 @@ TEST_F(World, MarkedTwiceInAStepHandlerIsDeletedOnceBeforeTheDraw) {
   EXPECT_EQ((Trace{"delete Gone", "Kept"}), trace_);
 }
 
-TEST_F(World, DrawsByRisingAltitudeWhatTouchesTheViewAndEveryViewObject) {
+TEST_F(WorldManagerTest, DrawsByRisingAltitude) {
   traced("A");
   (new Traced<ViewObject>(&trace_, "Hud"))->setPosition(Vector(900, 900));
   traced("Top")->setAltitude(4);
@@ -59,7 +59,7 @@ TEST_F(World, DrawsByRisingAltitudeWhatTouchesTheViewAndEveryViewObject) {
   EXPECT_EQ((Trace{"Low", "A", "B", "Edge", "Hud", "Top"}), trace_);
 }
 
-TEST_F(World, WarnsOfSlackOutOfRangeAndOfObjectsMadeBeforeTheStart) {
+TEST_F(WorldManagerTest, WarnsOfMisuse) {
   world().setViewSlack(Vector(1.5f, 0.5f));
   EXPECT_EQ(Vector(1.5f, 0.5f), world().getViewSlack());
   world().shutDown();
@@ -73,7 +73,7 @@ TEST_F(World, WarnsOfSlackOutOfRangeAndOfObjectsMadeBeforeTheStart) {
   world().startUp();
 }
 
-TEST_F(World, AnObjectMadeDuringTheUpdateMovesFromTheNextFrameOn) {
+TEST_F(WorldManagerTest, AnObjectMadeDuringTheUpdateMovesFromTheNextFrameOn) {
   SpyObject* p_made = nullptr;
   (new SpyObject("Wall"))->setPosition(Vector(20, 10));
   auto* p_mover = new SpyObject("Mover");
@@ -92,7 +92,7 @@ TEST_F(World, AnObjectMadeDuringTheUpdateMovesFromTheNextFrameOn) {
   EXPECT_EQ(Vector(6, 5), p_made->getPosition());
 }
 
-TEST_F(World, QueriesSeeActiveObjectsOfEveryKindAndCirclesMustHoldACorner) {
+TEST_F(WorldManagerTest, QueriesSeeActiveObjectsOfEveryKind) {
   auto* p_ghost = new SpyObject("Ghost");
   p_ghost->setSolidness(SPECTRAL);
   p_ghost->setPosition(Vector(10, 10));
