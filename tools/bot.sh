@@ -12,7 +12,7 @@ seconds=${1:-300}
 dir=build-release
 bash tools/install-deps.sh
 cmake -S . -B "$dir" -DCMAKE_BUILD_TYPE=Release -DOSTREL_DEMOS=OFF >/dev/null
-cmake --build "$dir" -j2 --target ostrel-game ostrel-bot >/dev/null
+cmake --build "$dir" -j2 --target ostrel-game ostrel-bot >&2
 out="$PWD/$dir/bot"
 rm -rf "$out"
 mkdir -p "$out"

@@ -23,7 +23,7 @@ fi
 frames=${1:-100000}
 seed=${2:-1}
 cmake -S . -B "$dir" "${flags[@]}" >/dev/null
-cmake --build "$dir" -j2 --target ostrel-soak >/dev/null
+cmake --build "$dir" -j2 --target ostrel-soak >&2
 log="$PWD/$dir/soak.log"
 errors="$PWD/$dir/soak.stderr"
 status=0
