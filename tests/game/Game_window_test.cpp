@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -26,22 +24,10 @@
 // looked at. Every wait is bounded.
 namespace {
 
+using ot_test::waitForExit;
 using ot_test::xdotool;
 
 constexpr const char* TITLE = "OstrelGameWindowTest";
-
-// The id of the game's window, waiting up to 20 s for it to appear, and given
-// the keyboard; 0 if it doesn't appear.
-unsigned long focusWindow() {
-  FILE* p_out = popen(("timeout 20 xdotool search --sync --name " + std::string(TITLE)).c_str(), "r");
-  unsigned long id = 0;
-  if (p_out) {
-    if (fscanf(p_out, "%lu", &id) != 1) id = 0;
-    pclose(p_out);
-  }
-  if (id != 0 && xdotool("windowfocus --sync " + std::to_string(id)) != 0) id = 0;
-  return id;
-}
 
 // Pixels of the window by kind of colour, and where the hero's cyan stands.
 struct Screen {
@@ -82,18 +68,6 @@ Screen look(unsigned long window) {
   return screen;
 }
 
-// Waits up to 20 s for the process to end; its exit status, or -1 (and a kill) if it doesn't.
-int waitForExit(pid_t pid) {
-  for (int i = 0; i < 200; i++) {
-    int status = 0;
-    if (waitpid(pid, &status, WNOHANG) == pid) return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    usleep(100 * 1000);
-  }
-  kill(pid, SIGKILL);
-  waitpid(pid, nullptr, 0);
-  return -1;
-}
-
 // Starts a game program in a window from dir (by default the repository root), logging to log_path.
 pid_t startInWindow(const char* binary, const std::string& log_path, const char* argument = nullptr,
                     const char* dir = std::getenv("OSTREL_SOURCE_DIR")) {
@@ -123,7 +97,7 @@ void expectCleanLog(const std::vector<std::string>& log) {
 TEST(GameWindow, InputPlaysTheGame) {
   std::string log_path = ot_test::writeTempFile("game-window.log", "");
   pid_t pid = startInWindow(OSTREL_GAME_BINARY, log_path);
-  unsigned long window = focusWindow();
+  unsigned long window = ot_test::focusWindow(TITLE);
   ASSERT_NE(0u, window) << "no game window";
   usleep(500 * 1000);  // a few frames drawn
   Screen start = look(window);
@@ -153,7 +127,7 @@ TEST(GameWindow, WithoutItsSpritesTheGameStillDraws) {
   unlink(empty_dir.c_str());
   ASSERT_EQ(0, mkdir(empty_dir.c_str(), 0700));
   pid_t pid = startInWindow(OSTREL_GAME_BINARY, log_path, nullptr, empty_dir.c_str());
-  unsigned long window = focusWindow();
+  unsigned long window = ot_test::focusWindow(TITLE);
   ASSERT_NE(0u, window) << "no game window";
   usleep(500 * 1000);
   Screen screen = look(window);
@@ -206,7 +180,7 @@ class GamePlayedByABot : public ot_test::HeadlessEngine {
 TEST_F(GamePlayedByABot, PlaysToTheEndScreen) {
   std::string log_path = ot_test::writeTempFile("game-bot.log", "");
   pid_t pid = startInWindow(OSTREL_GAME_BINARY, log_path);
-  unsigned long window = focusWindow();
+  unsigned long window = ot_test::focusWindow(TITLE);
   ASSERT_NE(0u, window) << "no game window";
   ot_test::GameBot bot(window, *getLevel());
 

@@ -1,5 +1,7 @@
 #include "tests/support/GameBot.h"
 
+#include <signal.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <SFML/Graphics/Image.hpp>
@@ -7,6 +9,7 @@
 #include <chrono>
 #include <climits>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <queue>
 
@@ -51,6 +54,28 @@ const char* keyFor(int dx, int dy) { return dx > 0 ? "d" : dx < 0 ? "a" : dy > 0
 
 int xdotool(const std::string& args) {
   return std::system(("timeout 20 xdotool " + args + " >/dev/null 2>&1").c_str());
+}
+
+unsigned long focusWindow(const std::string& title) {
+  FILE* p_out = popen(("timeout 20 xdotool search --sync --name " + title).c_str(), "r");
+  unsigned long id = 0;
+  if (p_out) {
+    if (fscanf(p_out, "%lu", &id) != 1) id = 0;
+    pclose(p_out);
+  }
+  if (id != 0 && xdotool("windowfocus --sync " + std::to_string(id)) != 0) id = 0;
+  return id;
+}
+
+int waitForExit(pid_t pid) {
+  for (int i = 0; i < 200; i++) {
+    int status = 0;
+    if (waitpid(pid, &status, WNOHANG) == pid) return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    usleep(100 * 1000);
+  }
+  kill(pid, SIGKILL);
+  waitpid(pid, nullptr, 0);
+  return -1;
 }
 
 // The window's cells, each named by the hue most of its sampled pixels have.

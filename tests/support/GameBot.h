@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +12,13 @@ namespace ot_test {
 
 // Runs xdotool with these arguments, bounded to 20 s; its exit status.
 int xdotool(const std::string& args);
+
+// The id of the window with this title, waiting up to 20 s for it to appear,
+// and given the keyboard; 0 if it doesn't appear.
+unsigned long focusWindow(const std::string& title);
+
+// Waits up to 20 s for the process to end; its exit status, or -1 (and a kill) if it doesn't.
+int waitForExit(pid_t pid);
 
 // Plays the real game in its window as a person would: it reads the window's
 // pixels, finds where the view stands by matching the walls it sees against
