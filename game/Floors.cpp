@@ -1,6 +1,5 @@
 #include "game/Floors.h"
 
-
 #include "engine/core/EventView.h"
 #include "engine/core/LogManager.h"
 #include "engine/core/ObjectListIterator.h"

@@ -81,7 +81,8 @@ int Particle::serialize(std::stringstream* p_ss, unsigned int attr) {
 }
 
 int Particle::deserialize(std::stringstream* p_ss, unsigned int* p_a) {
-  LogManager::getInstance().writeLog(LOG_INFO, "Particle::deserialize(): Warning!  Cannot deserialize particles.");
+  LogManager::getInstance().writeLog(LOG_INFO,
+                                     "Particle::deserialize(): Warning!  Cannot deserialize particles.");
   return Object::deserialize(p_ss, p_a);
 }
 
