@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Plays the real game in its window, in a private X server, with the window
-# bot (tests/programs/bot.cpp) for a while, starting it anew whenever a run
+# bot (tools/proof/bot.cpp) for a while, starting it anew whenever a run
 # ends. Screenshots (every 30 s and at each death) and each run's log go to
 # build-release/bot/. Fails when a log has an error or a run's exit status
 # isn't 0.
@@ -17,4 +17,4 @@ out="$PWD/$dir/bot"
 rm -rf "$out"
 mkdir -p "$out"
 xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" \
-  "$dir/tests/ostrel-bot" "$PWD/$dir/ostrel-game" "$seconds" "$out"
+  "$dir/tools/proof/ostrel-bot" "$PWD/$dir/ostrel-game" "$seconds" "$out"

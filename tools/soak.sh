@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Plays the dungeon game headless for many frames under a seeded bot that
-# presses keys and clicks through the engine's input (tests/programs/soak.cpp),
+# presses keys and clicks through the engine's input (tools/proof/soak.cpp),
 # and reports runs, deaths, shop visits, stairs, kills, objects alive at the
 # end and resident memory over time. The same frames and seed replay the same
 # game. With --asan it runs the AddressSanitizer+UndefinedBehaviorSanitizer
@@ -27,7 +27,7 @@ cmake --build "$dir" -j2 --target ostrel-soak >&2
 log="$PWD/$dir/soak.log"
 errors="$PWD/$dir/soak.stderr"
 status=0
-OSTREL_LOG="$log" "$dir/tests/ostrel-soak" "$frames" "$seed" 2>"$errors" || status=$?
+OSTREL_LOG="$log" "$dir/tools/proof/ostrel-soak" "$frames" "$seed" 2>"$errors" || status=$?
 cat "$errors" >&2
 echo "log $log: $(grep -c 'Error' "$log" || true) lines with Error"
 if grep -qE 'Sanitizer|runtime error' "$errors"; then

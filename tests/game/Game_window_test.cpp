@@ -7,13 +7,10 @@
 #include <string>
 #include <vector>
 
-#include <chrono>
-
-#include "game/Level.h"
 #include "tests/support/FontFile.h"
-#include "tests/support/GameBot.h"
 #include "tests/support/HeadlessEngine.h"
 #include "tests/support/LogReader.h"
+#include "tests/support/WindowProcess.h"
 
 // Last: Xlib's macros would clash with the headers above.
 #include <X11/Xlib.h>
@@ -161,59 +158,6 @@ TEST(GameWindow, AScriptedRunReachesTheEnd) {
     EXPECT_EQ(0, stat((shots + "/" + name + ".png").c_str(), &info)) << name;
     EXPECT_GT(info.st_size, 1000) << name;
   }
-}
-
-// A player's whole run: the map, held by a Level in the test's own headless world, guides the bot.
-class GamePlayedByABot : public ot_test::HeadlessEngine {
- protected:
-  void SetUp() override {
-    HeadlessEngine::SetUp();
-    new Level;
-  }
-  // Saves a screenshot where OSTREL_TEST_SHOTS names a folder, for a person to look at.
-  static void keepShot(ot_test::GameBot& bot, const std::string& name) {
-    if (const char* folder = std::getenv("OSTREL_TEST_SHOTS"))
-      bot.saveScreenshot(std::string(folder) + "/" + name + ".png");
-  }
-};
-
-TEST_F(GamePlayedByABot, PlaysToTheEndScreen) {
-  std::string log_path = ot_test::writeTempFile("game-bot.log", "");
-  pid_t pid = startInWindow(OSTREL_GAME_BINARY, log_path);
-  unsigned long window = ot_test::focusWindow(TITLE);
-  ASSERT_NE(0u, window) << "no game window";
-  ot_test::GameBot bot(window, *getLevel());
-
-  bool at_shop = bot.walkTo(33, 6, 180);
-  EXPECT_TRUE(at_shop) << "the bot didn't reach the shop";
-  if (at_shop) {
-    bot.press("e");
-    usleep(300 * 1000);
-    EXPECT_TRUE(bot.look().shop_open);
-    for (const char* item : {"1", "2", "3", "4", "5"}) bot.press(item);
-    usleep(300 * 1000);
-    keepShot(bot, "bot-shop");
-    bot.press("e");
-    usleep(300 * 1000);
-    EXPECT_FALSE(bot.look().shop_open);
-  }
-  // No blows struck from here on: the enemies end the run.
-  auto start = std::chrono::steady_clock::now();
-  bool over = false;
-  size_t next = 0;
-  const std::vector<SpawnPoint>& points = getLevel()->getSpawnPoints();
-  while (!over && std::chrono::steady_clock::now() - start < std::chrono::seconds(300)) {
-    over = bot.look().game_over;
-    // Toward the nearest creature, or else to where creatures come from.
-    if (!over && !bot.approachNearestCreature()) {
-      const SpawnPoint& point = points[next++ % points.size()];
-      bot.walkTo(point.x, point.y, 10, false);
-    }
-  }
-  EXPECT_TRUE(over) << "no end screen";
-  keepShot(bot, "bot-end");
-  EXPECT_EQ(0, waitForExit(pid));
-  expectCleanLog(ot_test::readLogMessages(log_path));
 }
 
 }  // namespace

@@ -20,8 +20,9 @@
 #include "engine/core/Config.h"
 #include "engine/core/GameManager.h"
 #include "game/Level.h"
-#include "tests/support/GameBot.h"
 #include "tests/support/LogReader.h"
+#include "tests/support/WindowProcess.h"
+#include "tools/proof/GameBot.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ std::pair<int, int> shopTile(Level& level) {
 }
 
 // Opens the shop, tries every item, and leaves it; a press lost in a slow frame is pressed again.
-void shop(ot_test::GameBot& bot) {
+void shop(ot_proof::GameBot& bot) {
   bot.press("e");
   usleep(300 * 1000);
   if (!bot.look().shop_open) return;
@@ -77,7 +78,7 @@ void shop(ot_test::GameBot& bot) {
 }
 
 // Toward where creatures come from.
-void wander(ot_test::GameBot& bot, Level& level, int goal, bool strike) {
+void wander(ot_proof::GameBot& bot, Level& level, int goal, bool strike) {
   const std::vector<SpawnPoint>& points = level.getSpawnPoints();
   if (!points.empty()) bot.walkTo(points[goal % points.size()].x, points[goal % points.size()].y, 5, strike);
 }
@@ -115,7 +116,7 @@ int main(int argc, char** argv) {
       std::printf("run %d: no game window\n", runs);
       problems++;
     }
-    ot_test::GameBot bot(window, level);
+    ot_proof::GameBot bot(window, level);
     bool over = window == 0, died = false;
     const auto run_start = Clock::now();
     for (int goal = 0; !over && Clock::now() < end; goal++) {
@@ -123,7 +124,7 @@ int main(int argc, char** argv) {
         bot.saveScreenshot(folder + "/shot-" + std::to_string(++shots) + ".png");
         next_shot += std::chrono::seconds(30);
       }
-      ot_test::GameBot::Sight sight = bot.look();
+      ot_proof::GameBot::Sight sight = bot.look();
       died = sight.game_over;
       over = sight.window_gone || died;
       if (over) break;

@@ -1,7 +1,5 @@
-#include "tests/support/GameBot.h"
+#include "tools/proof/GameBot.h"
 
-#include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <SFML/Graphics/Image.hpp>
@@ -14,12 +12,15 @@
 #include <queue>
 
 #include "game/Level.h"
+#include "tests/support/WindowProcess.h"
 
 // Last: Xlib's macros (None, Status, ...) would clash with the headers above.
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-namespace ot_test {
+namespace ot_proof {
+
+using ot_test::xdotool;
 
 namespace {
 
@@ -51,32 +52,6 @@ double secondsSince(std::chrono::steady_clock::time_point start) {
 const char* keyFor(int dx, int dy) { return dx > 0 ? "d" : dx < 0 ? "a" : dy > 0 ? "s" : "w"; }
 
 }  // namespace
-
-int xdotool(const std::string& args) {
-  return std::system(("timeout 20 xdotool " + args + " >/dev/null 2>&1").c_str());
-}
-
-unsigned long focusWindow(const std::string& title) {
-  FILE* p_out = popen(("timeout 20 xdotool search --sync --name " + title).c_str(), "r");
-  unsigned long id = 0;
-  if (p_out) {
-    if (fscanf(p_out, "%lu", &id) != 1) id = 0;
-    pclose(p_out);
-  }
-  if (id != 0 && xdotool("windowfocus --sync " + std::to_string(id)) != 0) id = 0;
-  return id;
-}
-
-int waitForExit(pid_t pid) {
-  for (int i = 0; i < 200; i++) {
-    int status = 0;
-    if (waitpid(pid, &status, WNOHANG) == pid) return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    usleep(100 * 1000);
-  }
-  kill(pid, SIGKILL);
-  waitpid(pid, nullptr, 0);
-  return -1;
-}
 
 // The window's cells, each named by the hue most of its sampled pixels have.
 struct GameBot::Capture {
@@ -363,4 +338,4 @@ bool GameBot::saveScreenshot(const std::string& path) {
   return image.saveToFile(path);
 }
 
-}  // namespace ot_test
+}  // namespace ot_proof

@@ -1,30 +1,18 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <string>
 #include <utility>
 #include <vector>
 
 class Level;
 
-namespace ot_test {
-
-// Runs xdotool with these arguments, bounded to 20 s; its exit status.
-int xdotool(const std::string& args);
-
-// The id of the window with this title, waiting up to 20 s for it to appear,
-// and given the keyboard; 0 if it doesn't appear.
-unsigned long focusWindow(const std::string& title);
-
-// Waits up to 20 s for the process to end; its exit status, or -1 (and a kill) if it doesn't.
-int waitForExit(pid_t pid);
+namespace ot_proof {
 
 // Plays the real game in its window as a person would: it reads the window's
 // pixels, finds where the view stands by matching the walls it sees against
 // the map, finds the hero and the creatures, and presses keys and clicks
 // through xdotool. It knows nothing of the game's insides but the map, which
-// it takes from a Level in the test's own headless world.
+// it takes from a Level in the bot's own headless world.
 //
 //   GameBot bot(window, *getLevel());
 //   ASSERT_TRUE(bot.walkTo(33, 6, 120));
@@ -85,4 +73,4 @@ class GameBot {
   int m_lost_looks = 0;  // looks in a row whose walls matched nowhere near the last view
 };
 
-}  // namespace ot_test
+}  // namespace ot_proof
