@@ -95,19 +95,17 @@ FILE* LogManager::streamFor(const std::string& file_name) {
 }
 
 int LogManager::writeMyLog(const std::string& file_name, int, const char* fmt, ...) {
-  FILE* p_f = streamFor(file_name);
   va_list args;
   va_start(args, fmt);
-  int result = writeLine(p_f, m_log_level, fmt, args);
+  int result = writeLine(streamFor(file_name), m_log_level, fmt, args);
   va_end(args);
   return result;
 }
 
 int LogManager::writeMyLog(const std::string& file_name, const char* fmt, ...) {
-  FILE* p_f = streamFor(file_name);
   va_list args;
   va_start(args, fmt);
-  int result = writeLine(p_f, m_log_level, fmt, args);
+  int result = writeLine(streamFor(file_name), m_log_level, fmt, args);
   va_end(args);
   return result;
 }

@@ -43,7 +43,7 @@ const char* const NAME_UPRIGHT =
 }  // namespace
 
 Splash::Splash() {
-  m_p_sprite = new (std::nothrow) Sprite(2);
+  m_p_sprite.reset(new (std::nothrow) Sprite(2));
   if (m_p_sprite) {
     m_p_sprite->setLabel("splash");
     m_p_sprite->setWidth(NAME_WIDTH);
@@ -53,7 +53,7 @@ Splash::Splash() {
     m_p_sprite->addFrame(Frame(NAME_WIDTH, NAME_HEIGHT, NAME_UPRIGHT));
   }
   Animation animation;
-  animation.setSprite(m_p_sprite);
+  animation.setSprite(m_p_sprite.get());
   animation.setSlowdownCount(-1);  // the slanted name stays until the countdown turns it
   setAnimation(animation);
   setType("Splash");
@@ -77,12 +77,7 @@ Splash::Splash() {
   registerInterest(KEYBOARD_EVENT);
 }
 
-Splash::~Splash() {
-  unregisterInterest(STEP_EVENT);
-  unregisterInterest(KEYBOARD_EVENT);
-  delete m_p_sprite;
-  m_p_sprite = nullptr;
-}
+Splash::~Splash() = default;
 
 int Splash::eventHandler(const Event* p_e) {
   GameManager& game = GameManager::getInstance();

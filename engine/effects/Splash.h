@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "engine/world/Object.h"
 
 namespace ot {
@@ -31,7 +33,7 @@ class Splash : public Object {
 
  private:
   int m_countdown = 15;
-  Sprite* m_p_sprite = nullptr;  // owned
+  std::unique_ptr<Sprite> m_p_sprite;  // its own, not the ResourceManager's
 };
 
 // Shows the splash sequence until it ends or a key is pressed; -1 (with a log

@@ -2,6 +2,7 @@
 
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/core/Event.h"
@@ -42,8 +43,9 @@ const std::string RESTING =
     "   \\|/   "
     "    :    ";
 
-Sprite* makeSprite(int width, int height, Color color, const std::vector<std::string>& frames) {
-  Sprite* p_sprite = new (std::nothrow) Sprite(static_cast<int>(frames.size()));
+std::unique_ptr<Sprite> makeSprite(int width, int height, Color color,
+                                   const std::vector<std::string>& frames) {
+  std::unique_ptr<Sprite> p_sprite(new (std::nothrow) Sprite(static_cast<int>(frames.size())));
   if (!p_sprite) return nullptr;
   p_sprite->setWidth(width);
   p_sprite->setHeight(height);
@@ -61,7 +63,7 @@ SplashOstrel::SplashOstrel(Vector end_position) : m_end_position(end_position) {
     m_p_sprite->setSlowdown(2);
   }
   Animation animation;
-  animation.setSprite(m_p_sprite);
+  animation.setSprite(m_p_sprite.get());
   setAnimation(animation);
   setType("SplashOstrel");
   setSolidness(SPECTRAL);
@@ -75,12 +77,7 @@ SplashOstrel::SplashOstrel(Vector end_position) : m_end_position(end_position) {
   registerInterest(KEYBOARD_EVENT);
 }
 
-SplashOstrel::~SplashOstrel() {
-  unregisterInterest(STEP_EVENT);
-  unregisterInterest(KEYBOARD_EVENT);
-  delete m_p_sprite;
-  m_p_sprite = nullptr;
-}
+SplashOstrel::~SplashOstrel() = default;
 
 int SplashOstrel::eventHandler(const Event* p_e) {
   GameManager& game = GameManager::getInstance();
@@ -100,15 +97,14 @@ int SplashOstrel::eventHandler(const Event* p_e) {
   // it is then, as the splash always has.
   if (m_countdown < 1 && m_end_position.getY() >= getPosition().getY()) setVelocity(Vector(0.0f, 0.0f));
   if (m_countdown == -15) {
-    Sprite* p_resting = makeSprite(9, 6, GREEN, {RESTING});
+    std::unique_ptr<Sprite> p_resting = makeSprite(9, 6, GREEN, {RESTING});
     Animation animation;
-    animation.setSprite(p_resting);
+    animation.setSprite(p_resting.get());
     // Kept quirk: past the only frame, so the first drawing shows nothing; the
     // animation wraps it to 0 after it.
     animation.setIndex(1);
     setAnimation(animation);
-    delete m_p_sprite;
-    m_p_sprite = p_resting;
+    m_p_sprite = std::move(p_resting);
     setPosition(getPosition() + Vector(-1.0f, 0.0f));  // the narrower picture, kept in line
   }
   if (m_countdown == -45) {

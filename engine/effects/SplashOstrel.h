@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "engine/core/Vector.h"
 #include "engine/world/Object.h"
 
@@ -26,7 +28,7 @@ class SplashOstrel : public Object {
  private:
   Vector m_end_position;
   int m_countdown = 30;
-  Sprite* m_p_sprite = nullptr;  // owned
+  std::unique_ptr<Sprite> m_p_sprite;  // its own, not the ResourceManager's
 };
 
 }  // namespace ot
