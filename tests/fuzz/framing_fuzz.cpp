@@ -4,6 +4,7 @@
 // one whole block, as long as its own length field says.
 
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -52,10 +53,25 @@ class Reader : public ot::Object {
 
 Reader* g_p_reader = nullptr;
 
-// The engine's end of a new connection from sock, or -1.
-int acceptFrom(int sock) {
+// A new loopback connection: the sending end in *p_peer, and the engine's end,
+// or -1. Connecting is tried again while it fails, since a million short
+// connections may leave no local port free for a moment.
+int connectPeer(int* p_peer) {
   ot::NetworkManager& network = ot::NetworkManager::getInstance();
-  if (ot::platform::connectSocket(sock, g_server) != 0) return -1;
+  *p_peer = -1;
+  for (int waited = 0; waited < WAIT_MS && *p_peer < 0; waited++) {
+    *p_peer = ot::platform::openSocketFor(g_server);
+    if (*p_peer >= 0 && ot::platform::connectSocket(*p_peer, g_server) != 0) {
+      ot::platform::closeSocket(*p_peer);
+      *p_peer = -1;
+    }
+    if (*p_peer < 0) ot::platform::sleepMilliseconds(1);
+  }
+  if (*p_peer < 0) {
+    fprintf(stderr, "fuzz: connecting: %s\n",
+            ot::platform::socketErrorText(ot::platform::lastSocketError()).c_str());
+    return -1;
+  }
   for (int waited = 0; waited < WAIT_MS; waited++) {
     int index = network.accept();
     if (index >= 0) return index;
@@ -108,9 +124,8 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size > MAX_STREAM) size = MAX_STREAM;
   ot::NetworkManager& network = ot::NetworkManager::getInstance();
-  const int peer = ot::platform::openSocketFor(g_server);
-  if (peer < 0) ot_fuzz::fail("no socket for the sending end");
-  const int index = acceptFrom(peer);
+  int peer = -1;
+  const int index = connectPeer(&peer);
   if (index < 0) ot_fuzz::fail("the engine did not accept the loopback connection");
 
   g_p_reader->received = 0;
