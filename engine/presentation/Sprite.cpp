@@ -1,6 +1,5 @@
 #include "engine/presentation/Sprite.h"
 
-#include <new>
 #include <utility>
 
 #include "engine/core/LogManager.h"
@@ -9,25 +8,21 @@
 namespace ot {
 
 Sprite::Sprite(int max_frames) {
-  m_frame = max_frames >= 0 ? new (std::nothrow) Frame[max_frames] : nullptr;
-  if (!m_frame) {
+  if (max_frames < 0) {
     LogManager::getInstance().writeLog("Sprite::Sprite(): Error! Unable to allocate %d frames.", max_frames);
-    m_max_frame_count = 0;
     return;
   }
   m_max_frame_count = max_frames;
 }
 
-Sprite::~Sprite() { delete[] m_frame; }
-
 int Sprite::addFrame(Frame frame) {
-  if (m_frame_count == m_max_frame_count) return -1;
-  m_frame[m_frame_count++] = std::move(frame);
+  if (getFrameCount() == m_max_frame_count) return -1;
+  m_frame.push_back(std::move(frame));
   return 0;
 }
 
 Frame Sprite::getFrame(int frame_number) const {
-  if (frame_number < 0 || frame_number >= m_frame_count) return Frame();
+  if (frame_number < 0 || frame_number >= getFrameCount()) return Frame();
   return m_frame[frame_number];
 }
 
@@ -37,7 +32,7 @@ int Sprite::draw(int frame_number, Vector position, char transparency, Transform
 
 std::string Sprite::toString() const {
   // Kept quirk: no blank before "frames"; log readers know the line.
-  return m_label + ", " + ot::toString(m_frame_count) + "frames, " + ot::toString(m_width) + " x " +
+  return m_label + ", " + ot::toString(getFrameCount()) + "frames, " + ot::toString(m_width) + " x " +
          ot::toString(m_height) + ", " + ot::toString(m_color);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "engine/core/Types.h"
 #include "engine/core/Vector.h"
@@ -13,9 +14,8 @@ namespace ot {
 // by every object of a kind; play state lives in each object's Animation.
 class Sprite {
  public:
-  // Allocates room for max_frames; on failure the capacity is 0.
+  // Holds up to max_frames; a negative count gives a capacity of 0.
   explicit Sprite(int max_frames);
-  ~Sprite();
   Sprite(const Sprite&) = delete;
   Sprite& operator=(const Sprite&) = delete;
 
@@ -30,7 +30,7 @@ class Sprite {
   void setWidth(int width) { m_width = width; }
   int getHeight() const { return m_height; }
   void setHeight(int height) { m_height = height; }
-  int getFrameCount() const { return m_frame_count; }
+  int getFrameCount() const { return static_cast<int>(m_frame.size()); }
   int getMaxFrameCount() const { return m_max_frame_count; }
   Color getColor() const { return m_color; }
   void setColor(Color color) { m_color = color; }
@@ -48,11 +48,11 @@ class Sprite {
   int m_width = 0;
   int m_height = 0;
   int m_max_frame_count = 0;
-  int m_frame_count = 0;
   Color m_color = WHITE;
   int m_slowdown = 1;       // game frames per sprite frame
   char m_transparency = 0;  // drawn as see-through; 0 for none
-  Frame* m_frame = nullptr;
+  // Grows as frames are added: a file's claimed count may be far more than it holds.
+  std::vector<Frame> m_frame;
   std::string m_label = "[Undefined]";
 };
 

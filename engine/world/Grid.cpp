@@ -17,12 +17,19 @@ namespace ot {
 
 namespace {
 
+// A cell index from a quotient, held within one cell beyond either end first:
+// a received position may be huge or NaN, and converting that to int is
+// undefined. fminf takes NaN to the far end, so it lies beyond the world.
+int toCell(float quotient, int count) {
+  return static_cast<int>(fmaxf(fminf(floorf(quotient), static_cast<float>(count)), -1.0f));
+}
+
 // The cells of size `size` from the one holding start to the one holding
 // start + length, of count in all; true when clamped.
 bool span(float start, float length, int size, int count, int* p_first, int* p_last) {
   // The far edge belongs to the span: one ending on a cell border takes the next cell too.
-  *p_first = static_cast<int>(floorf(start / static_cast<float>(size)));
-  *p_last = static_cast<int>(floorf((start + length) / static_cast<float>(size)));
+  *p_first = toCell(start / static_cast<float>(size), count);
+  *p_last = toCell((start + length) / static_cast<float>(size), count);
   bool beyond = false;
   if (*p_first < 0) {
     *p_first = 0;

@@ -70,6 +70,10 @@ TEST_F(ResourceManagerTest, BrokenSpriteFilesLeaveTheirExactTrail) {
        {line + "10: Line length is 4 (frame width is 3).", "\tLine 10: 'abcd'", no_frame}},
       {robust(h2x2, "abc\nabc\nend\n"), {line + "10: No more frame data before 'end'.", no_frame}},
       {robust(h3, "abc\n"), {line + "9: No more frame data before 'end'.", no_frame}},
+      // A claimed count gets no room made for it up front: the file runs out first.
+      {"2000000000\n3\n1\n0\nred\nabc\n", {eof, "\tReading frame 2 of 2000000000, row 1 of 1."}},
+      {robust("frames 2000000000\nwidth 3\nheight 1\n", ok),
+       {line + "9: No more frame data before 'end'.", no_frame}},
       // A missing "end" is placed at the closing tag, its text a line after the row.
       {robust(h3, "abc\nxyz\nmore\n"), {line + "10: Expected 'end'.", "\tLine 9: 'xyz'", no_frame}},
       {robust(h3, "abc\n\nend\n"), {"readData(): Error! Stop at line 7, never encountered '</BODY>'."}},

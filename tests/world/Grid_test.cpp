@@ -1,6 +1,7 @@
 #include "engine/world/Grid.h"
 
 #include <functional>
+#include <limits>
 
 #include "engine/world/WorldManager.h"
 #include "tests/support/HeadlessEngine.h"
@@ -42,6 +43,20 @@ TEST_F(GridTest, CellsCoverTheFarEdge) {
   EXPECT_EQ((Cells{Grid::OUT_OF_BOUNDS}), grid().getCells(p_o, Vector(-30, 10)));
   EXPECT_EQ((Cells{Grid::OUT_OF_BOUNDS, {0, 0}}), grid().getCells(p_o, Vector(-0.1f, 0)));
   EXPECT_EQ(Objects{p_border}, items(grid().getCollisions(p_o, Vector(-0.1f, 0))));
+}
+
+// A received object may stand anywhere a float can; it must still land in the lists.
+TEST_F(GridTest, PositionsPastEveryCellOrNotANumberLieOutOfBounds) {
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  Object* p_o = solidAt(Vector(10, 10), Box(Vector(0, 0), 20, 1));
+  for (Vector where : {Vector(nan, 10), Vector(10, nan), Vector(3e30f, 10), Vector(-3e30f, -3e30f)})
+    EXPECT_EQ((Cells{Grid::OUT_OF_BOUNDS}), grid().getCells(p_o, where))
+        << where.getX() << "," << where.getY();
+  p_o->setPosition(Vector(nan, nan));
+  EXPECT_EQ(Objects{p_o}, items(grid().getObjects(Grid::OUT_OF_BOUNDS)));
+  Object* p_wide = solidAt(Vector(0, 0), Box(Vector(0, 0), 3e38f, 1));
+  EXPECT_EQ((Cells{Grid::OUT_OF_BOUNDS, {0, 0}, {0, 1}, {0, 2}, {0, 3}}),
+            grid().getCells(p_wide, Vector(0, 0)));
 }
 
 TEST_F(GridTest, CollisionsComeOutOfBoundsFirstThenRowByRowThenInOrderOfEntry) {
