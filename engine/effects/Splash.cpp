@@ -79,18 +79,20 @@ Splash::Splash() {
 
 Splash::~Splash() = default;
 
-int Splash::eventHandler(const Event* p_e) {
+SplashCue splashCue(Object* p_picture, const Event* p_e) {
   GameManager& game = GameManager::getInstance();
-  WorldManager& world = WorldManager::getInstance();
   if (game.getGameOver()) {
-    world.markForDelete(this);
-    return 0;
+    WorldManager::getInstance().markForDelete(p_picture);
+    return SplashCue::GONE;
   }
-  if (p_e->getType() == KEYBOARD_EVENT) {
-    game.setGameOver(true);
-    world.markForDelete(this);
-  }
-  if (p_e->getType() != STEP_EVENT) return 0;
+  if (p_e->getType() != KEYBOARD_EVENT) return SplashCue::NONE;
+  game.setGameOver(true);
+  WorldManager::getInstance().markForDelete(p_picture);
+  return SplashCue::KEY;
+}
+
+int Splash::eventHandler(const Event* p_e) {
+  if (splashCue(this, p_e) != SplashCue::NONE || p_e->getType() != STEP_EVENT) return 0;
   m_countdown--;
   if (m_countdown == 0) {
     Animation animation = getAnimation();
@@ -101,7 +103,7 @@ int Splash::eventHandler(const Event* p_e) {
     new (std::nothrow) SplashOstrel(Vector(here.getX() + 24.0f, here.getY() + 1.0f));
   }
   // Only an earlier run cut short leaves the name in the world this long.
-  if (m_countdown == -75) world.markForDelete(this);
+  if (m_countdown == -75) WorldManager::getInstance().markForDelete(this);
   return 1;
 }
 

@@ -41,4 +41,10 @@ class Splash : public Object {
 // makes; game over is clear again when the next run starts.
 int splash();
 
+// How a splash picture meets an event before its own steps: GONE once the game
+// is over, KEY for a key, which ends the splash; either way the picture is
+// marked for deletion.
+enum class SplashCue { NONE, GONE, KEY };
+SplashCue splashCue(Object* p_picture, const Event* p_e);
+
 }  // namespace ot

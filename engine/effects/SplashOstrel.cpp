@@ -8,6 +8,7 @@
 #include "engine/core/Event.h"
 #include "engine/core/EventLabels.h"
 #include "engine/core/GameManager.h"
+#include "engine/effects/Splash.h"
 #include "engine/presentation/Animation.h"
 #include "engine/presentation/Sprite.h"
 #include "engine/world/WorldManager.h"
@@ -80,18 +81,11 @@ SplashOstrel::SplashOstrel(Vector end_position) : m_end_position(end_position) {
 SplashOstrel::~SplashOstrel() = default;
 
 int SplashOstrel::eventHandler(const Event* p_e) {
+  const SplashCue cue = splashCue(this, p_e);
+  if (cue != SplashCue::NONE) return cue == SplashCue::KEY ? 1 : 0;
+  if (p_e->getType() != STEP_EVENT) return 0;
   GameManager& game = GameManager::getInstance();
   WorldManager& world = WorldManager::getInstance();
-  if (game.getGameOver()) {
-    world.markForDelete(this);
-    return 0;
-  }
-  if (p_e->getType() == KEYBOARD_EVENT) {
-    game.setGameOver(true);
-    world.markForDelete(this);
-    return 1;
-  }
-  if (p_e->getType() != STEP_EVENT) return 0;
   m_countdown--;
   // Kept quirk: rounding may carry it a step past its end; it stops wherever
   // it is then, as the splash always has.
